@@ -1,0 +1,123 @@
+#include "action/frame/actionframe.h"
+
+#include "action/toolbar/actiontoolbar.h"
+#include "action/toolbar/palettegeometry.h"
+#include "os/presentationmode.h"
+#include "overlay/windowutils.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+
+#include <utility>
+
+namespace VcAction::Frame {
+
+namespace {
+
+constexpr int allHiddenMode = 3;
+
+}
+
+ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
+    : TransparentFrame(parent, engineType, width, height)
+{
+    connect(QCoreApplication::instance(), SIGNAL(aboutToQuit()), QCoreApplication::instance(),
+            SLOT(quit()));
+    setWindowFlags(windowFlags() | Qt::WindowStaysOnTopHint);
+    setAttribute(Qt::WA_QuitOnClose, true);
+    Helpers::NQt::Utils::setWindowShadow(this, false);
+    osUtils::System::setSystemUIMode(allHiddenMode, 0);
+}
+
+void ActionFrame::setToolbar(VcAction::Toolbar::ActionToolbar* palette)
+{
+    toolbar = palette;
+    if (toolbar)
+        toolbar->move(
+            VcAction::Toolbar::cornerPosition(frameGeometry().size(), toolbar->size()));
+}
+
+void ActionFrame::start(bool withraise)
+{
+    // Else the toolkit gives the keyboard to the palette's first control, where letters step a list.
+    setFocus();
+    repaint();
+    setVisible(true);
+    if (withraise) {
+        activateWindow();
+        raise();
+    }
+    if (toolbar)
+        toolbar->start();
+}
+
+void ActionFrame::switchMouseTransMode()
+{
+    mouseTransparent = !mouseTransparent;
+    Helpers::NQt::Utils::setIgnoresMouseEvents(this, mouseTransparent);
+}
+
+void ActionFrame::closeAction()
+{
+    if (toolbar)
+        toolbar->close();
+    QCoreApplication::quit();
+}
+
+void ActionFrame::mousePressEvent(QMouseEvent* /*event*/)
+{
+    if (toolbar)
+        toolbar->fadeOut();
+    updateCursor();
+    repaintDirty();
+}
+
+void ActionFrame::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        QCoreApplication::quit();
+    else
+        event->ignore();
+}
+
+void ActionFrame::enterEvent(QEnterEvent* /*event*/)
+{
+    if (!toolbar || toolbar->hasCBFocus())
+        return;
+    toolbar->fadeOut();
+    updateCursor();
+    repaintDirty();
+}
+
+void ActionFrame::resizeEvent(QResizeEvent* /*event*/)
+{
+    // The base's handler stays out: it would take a new picture, and of the frame itself once shown.
+    if (!toolbar)
+        return;
+    toolbar->hide();
+    toolbar->repaint();
+    repaint();
+    toolbar->show();
+    toolbar->repaint();
+    repaint();
+}
+
+void ActionFrame::trackDirtyRegion()
+{
+    tracksDirtyRegion = true;
+}
+
+void ActionFrame::markDirty(const QRegion& region)
+{
+    dirtyRegion += region;
+}
+
+void ActionFrame::repaintDirty()
+{
+    if (tracksDirtyRegion)
+        repaint(std::exchange(dirtyRegion, {}));
+    else
+        repaint();
+}
+
+}

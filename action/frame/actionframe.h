@@ -1,0 +1,58 @@
+#pragma once
+
+#include "overlay/transparentframe.h"
+
+#include <QRegion>
+
+namespace VcAction::Toolbar {
+class ActionToolbar;
+}
+
+/// The tools' frames.
+namespace VcAction::Frame {
+
+/// The full-screen overlay of one tool: stays on top, ends the program on Escape or when closed,
+/// places its palette and fades it while the user works on the frame. What is drawn is the derived
+/// frame's.
+class ActionFrame : public Helpers::NQt::TransparentFrame {
+    Q_OBJECT
+
+public:
+    /// The numbers are the transparent frame's.
+    ActionFrame(QWidget* parent, int engineType, int width, int height);
+
+    /// Takes the tool's palette, a child of the frame, and places it at the bottom-right corner.
+    void setToolbar(VcAction::Toolbar::ActionToolbar* toolbar);
+
+public slots:
+    /// Shows the frame and its palette.
+    /// @param withraise  whether the frame takes the keyboard and comes to the top
+    virtual void start(bool withraise = true);
+    /// Lets the mouse through to the windows below, or catches it again.
+    void switchMouseTransMode();
+    /// Closes the palette and ends the program.
+    virtual void closeAction();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void enterEvent(QEnterEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+    /// For a frame that knows what it changes: from now on repaintDirty() repaints only what
+    /// markDirty() was told of.
+    void trackDirtyRegion();
+    /// @param region  in frame coordinates, logical pixels
+    void markDirty(const QRegion& region);
+    /// Repaints at once what has changed since the last time; everything, unless that is tracked.
+    void repaintDirty();
+
+    VcAction::Toolbar::ActionToolbar* toolbar = nullptr;
+    bool mouseTransparent = false;
+
+private:
+    bool tracksDirtyRegion = false;
+    QRegion dirtyRegion;
+};
+
+}

@@ -1,0 +1,307 @@
+#include "action/toolbar/actiontoolbar.h"
+
+#include "action/frame/actionframe.h"
+#include "action/toolbar/fadeanimation.h"
+#include "action/toolbar/palettegeometry.h"
+#include "action/widget/vctab.h"
+#include "action/widget/vctabholder.h"
+#include "os/specialfolders.h"
+#include "overlay/layerpixmap.h"
+
+#include <QAbstractItemView>
+#include <QApplication>
+#include <QComboBox>
+#include <QFrame>
+#include <QGraphicsOpacityEffect>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QPropertyAnimation>
+#include <QPushButton>
+
+namespace VcAction::Toolbar {
+
+namespace {
+
+constexpr auto tabBarImage = ":/resource/action/common/Img/tabBar.png";
+constexpr auto backFrameSheet
+    = "QFrame {border-image: url(:/resource/action/common/Img/toolbar.png) 18 20 18 49;"
+      "border-top: 18px transparent;border-bottom: 18px transparent;"
+      "border-right: 20px transparent;border-left: 49px transparent;}";
+constexpr auto closeButtonSheet
+    = "QPushButton:enabled{ border-image: url(:/resource/action/common/Img/close.png);}"
+      "QPushButton:hover{ border-image: url(:/resource/action/common/Img/closeOn.png);}"
+      "QPushButton:pressed{ border-image: url(:/resource/action/common/Img/closeOn.png);}";
+constexpr QSize closeButtonSize(48, 30);
+constexpr int closeButtonMargin = 5;
+constexpr int animationMs = 300;
+
+QCursor paletteCursor(const char* image)
+{
+    constexpr QPoint hotSpot(4, 4);
+    const QPixmap pixmap{QString(QLatin1String(image))};
+    return pixmap.isNull() ? QCursor() : QCursor(pixmap, hotSpot.x(), hotSpot.y());
+}
+
+}
+
+ActionToolbar::ActionToolbar(QWidget* parent, QSize size)
+    : QMainWindow(parent)
+    , cursorNormal(paletteCursor(":/resource/action/common/Img/cCursor.png"))
+    , cursorGrab(paletteCursor(":/resource/action/common/Img/cGrab.png"))
+    , cursorGrabbed(paletteCursor(":/resource/action/common/Img/cGrabbed.png"))
+    , openWidth(size.width())
+    , closedWidth(handleWidth)
+    , pictureFolder(QString::fromStdString(Vc::Utils::vcSpecialFolders(Vc::Utils::USER_PICTURE_FOLDER)))
+    , opacityEffect(new QGraphicsOpacityEffect(this))
+{
+    setWindowFlags(Qt::SubWindow | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
+    setAttribute(Qt::WA_TranslucentBackground);
+    // What the palette leaves alone must not reach the frame below: a press there would start a
+    // stroke and the wheel step the colour.
+    setAttribute(Qt::WA_NoMousePropagation);
+    createBackImage(size);
+    resize(size);
+    createBackFrame();
+    createTabHolder();
+    createCloseButton();
+    connect(closeButton, SIGNAL(clicked()), QCoreApplication::instance(), SLOT(quit()));
+    createAnimations();
+}
+
+void ActionToolbar::createBackFrame()
+{
+    backFrame = new QFrame(this);
+    backFrame->move(0, 0);
+    backFrame->setStyleSheet(QLatin1String(backFrameSheet));
+}
+
+void ActionToolbar::createTabHolder()
+{
+    tabHolder = new VcAction::Widget::VcTabHolder(this);
+    tabHolder->setFixedSize(width() - handleWidth, height());
+    tabHolder->move(handleWidth, 0);
+    tabHolder->setTabPosition(QTabWidget::South);
+}
+
+void ActionToolbar::createCloseButton()
+{
+    closeButton = new QPushButton(this);
+    closeButton->setFixedSize(closeButtonSize);
+    closeButton->setStyleSheet(QLatin1String(closeButtonSheet));
+    closeButton->setCheckable(false);
+    closeButton->move(openWidth - closeButtonMargin - closeButton->width(), closeButtonMargin);
+}
+
+void ActionToolbar::createAnimations()
+{
+    opacityEffect->setOpacity(opacity);
+    setGraphicsEffect(opacityEffect);
+    opacityAnimation = new FadeAnimation(this);
+    opacityAnimation->setDuration(animationMs);
+    sizeAnimation = new QPropertyAnimation(this, "size");
+    sizeAnimation->setDuration(animationMs);
+}
+
+void ActionToolbar::start()
+{
+    setVisible(true);
+}
+
+void ActionToolbar::enableShutter()
+{
+    shutterEnabled = true;
+    if (shutterHandle)
+        shutterHandle->show();
+}
+
+void ActionToolbar::disableShutter()
+{
+    shutterEnabled = false;
+    if (shutterHandle)
+        shutterHandle->hide();
+}
+
+void ActionToolbar::setShutterWidth(int /*width*/) { }
+
+QWidget* ActionToolbar::addTab(const QIcon& icon, const QString& label)
+{
+    QWidget* page = makeTabPage();
+    tabHolder->addTab(page, icon, label);
+    return page;
+}
+
+QWidget* ActionToolbar::addTab(const QString& label)
+{
+    QWidget* page = makeTabPage();
+    tabHolder->addTab(page, label);
+    return page;
+}
+
+QWidget* ActionToolbar::makeTabPage()
+{
+    if (tabs.isEmpty()) {
+        resize(width(), height() + tabStripHeight);
+        tabHolder->setFixedSize(width() - handleWidth, height());
+        tabHolder->move(handleWidth, 0);
+    }
+    auto* page = new VcAction::Widget::VcTab(this);
+    tabs.append(page);
+    page->setFixedSize(width() - handleWidth, height() - tabStripHeight);
+    page->move(handleWidth, 0);
+    return page;
+}
+
+void ActionToolbar::setTabWidth(int width)
+{
+    tabWidth = width;
+    // A strip's height short; the next resize makes the image in full again.
+    createBackImage(QSize(this->width(), height() - tabStripHeight));
+    tabHolder->setTabWidth(width);
+    repaint();
+}
+
+int ActionToolbar::tabStrip() const
+{
+    return tabs.isEmpty() ? 0 : tabStripHeight;
+}
+
+void ActionToolbar::createBackImage(QSize size)
+{
+    backImage = Helpers::NQt::layerPixmap(size, devicePixelRatioF(), Qt::transparent);
+    if (tabs.isEmpty())
+        return;
+    const QPixmap image{QString(QLatin1String(tabBarImage))};
+    const qreal ratio = image.devicePixelRatio();
+    const QSize imageSize = image.deviceIndependentSize().toSize();
+    QPainter painter(&backImage);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (const ImageSlice& slice :
+         tabStripSlices(size, imageSize, static_cast<int>(tabs.size()), tabWidth)) {
+        const QRectF source(slice.source.topLeft() * ratio, QSizeF(slice.source.size()) * ratio);
+        painter.drawPixmap(QRectF(slice.target), image, source);
+    }
+}
+
+bool ActionToolbar::hasCBFocus() const
+{
+    for (const QComboBox* box : findChildren<QComboBox*>()) {
+        // The list is looked for, not asked of the box, which would make one.
+        const auto* list = box->findChild<QAbstractItemView*>();
+        if (list && list->hasFocus())
+            return true;
+    }
+    return false;
+}
+
+void ActionToolbar::setFadingEnabled(bool enabled)
+{
+    fadingEnabled = enabled;
+}
+
+void ActionToolbar::setWindowOpacity(qreal level)
+{
+    opacity = level;
+    opacityEffect->setOpacity(level);
+}
+
+void ActionToolbar::shutterOpenClose()
+{
+    if (!shutterEnabled)
+        return;
+    sizeAnimation->stop();
+    sizeAnimation->setStartValue(size());
+    sizeAnimation->setEndValue(QSize(shutterOpen ? closedWidth : openWidth, height()));
+    sizeAnimation->start();
+    shutterOpen = !shutterOpen;
+    if (auto* frame = qobject_cast<VcAction::Frame::ActionFrame*>(parentWidget()))
+        frame->switchMouseTransMode();
+}
+
+void ActionToolbar::fadeIn()
+{
+    if (!fadingEnabled)
+        return;
+    opacityAnimation->stop();
+    opacityAnimation->setStartValue(windowOpacity());
+    opacityAnimation->setEndValue(maxOpacity);
+    opacityAnimation->start();
+}
+
+void ActionToolbar::fadeOut()
+{
+    fadeOutUnlessUnder(QCursor::pos());
+}
+
+void ActionToolbar::fadeOutUnlessUnder(QPoint globalPointer)
+{
+    if (!fadingEnabled || hasCBFocus() || rect().contains(mapFromGlobal(globalPointer))
+        || windowOpacity() <= minOpacity)
+        return;
+    if (auto* frame = qobject_cast<Helpers::NQt::TransparentFrame*>(parentWidget()))
+        frame->updateCursor();
+    opacityAnimation->stop();
+    opacityAnimation->setStartValue(windowOpacity());
+    opacityAnimation->setEndValue(minOpacity);
+    opacityAnimation->start();
+}
+
+void ActionToolbar::mousePressEvent(QMouseEvent* event)
+{
+    if (!isOnHandle(event->position().toPoint(), size())) {
+        event->ignore();
+        return;
+    }
+    dragOffset = event->globalPosition().toPoint() - pos();
+    dragging = true;
+    QApplication::setOverrideCursor(cursorGrabbed);
+}
+
+void ActionToolbar::mouseMoveEvent(QMouseEvent* event)
+{
+    const QPoint pointer = event->globalPosition().toPoint();
+    if (dragging)
+        move(pointer - dragOffset);
+    // The event's position: the pointer itself may be ahead of a palette that follows it.
+    fadeOutUnlessUnder(pointer);
+}
+
+void ActionToolbar::mouseReleaseEvent(QMouseEvent* /*event*/)
+{
+    if (!dragging)
+        return;
+    dragging = false;
+    QApplication::setOverrideCursor(cursorNormal);
+}
+
+void ActionToolbar::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Escape)
+        QCoreApplication::quit();
+    else
+        event->ignore();
+}
+
+void ActionToolbar::enterEvent(QEnterEvent* /*event*/)
+{
+    fadeIn();
+    QApplication::setOverrideCursor(cursorNormal);
+}
+
+void ActionToolbar::leaveEvent(QEvent* /*event*/)
+{
+    fadeOut();
+}
+
+void ActionToolbar::paintEvent(QPaintEvent* /*event*/)
+{
+    QPainter painter(this);
+    painter.drawPixmap(0, 0, backImage);
+}
+
+void ActionToolbar::resizeEvent(QResizeEvent* /*event*/)
+{
+    backFrame->setFixedSize(width(), height() - tabStrip());
+    createBackImage(size());
+}
+
+}

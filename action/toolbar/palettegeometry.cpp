@@ -1,0 +1,38 @@
+#include "action/toolbar/palettegeometry.h"
+
+namespace VcAction::Toolbar {
+
+namespace {
+
+constexpr int capWidth = 7;
+// The left cap lies under the handle strip's edge, so that the first tab meets the page.
+constexpr int stripLeft = handleWidth - capWidth + 1;
+constexpr int cornerMargin = 80;
+
+}
+
+bool isOnHandle(QPoint point, QSize palette)
+{
+    return point.x() < handleWidth && point.y() < palette.height() - tabStripHeight;
+}
+
+QList<ImageSlice> tabStripSlices(QSize palette, QSize image, int tabs, int tabWidth)
+{
+    const int top = palette.height() - tabStripHeight;
+    const int middle = tabs * tabWidth;
+    return {
+        {QRect(stripLeft, top, capWidth, tabStripHeight), QRect(0, 0, capWidth, image.height())},
+        {QRect(stripLeft + capWidth, top, middle, tabStripHeight),
+         QRect(capWidth, 0, 1, image.height())},
+        {QRect(handleWidth + middle, top, capWidth, tabStripHeight),
+         QRect(image.width() - capWidth, 0, capWidth, image.height())},
+    };
+}
+
+QPoint cornerPosition(QSize frame, QSize palette)
+{
+    return {frame.width() - palette.width() - cornerMargin,
+            frame.height() - palette.height() - cornerMargin};
+}
+
+}

@@ -1,0 +1,36 @@
+#pragma once
+
+#include <QList>
+#include <QRect>
+#include <QSize>
+
+/// Where the parts of a palette lie, as functions of sizes. Logical pixels throughout.
+namespace VcAction::Toolbar {
+
+/// Width of the handle strip along the left edge, and of a palette whose shutter is closed.
+constexpr int handleWidth = 40;
+/// Height of the strip below the pages that carries the tabs.
+constexpr int tabStripHeight = 33;
+
+/// Whether a press begins a drag: on the handle strip and above the tab strip's height.
+/// @param point  in the palette's coordinates
+[[nodiscard]] bool isOnHandle(QPoint point, QSize palette);
+
+/// A piece of an image and where it is stretched to.
+struct ImageSlice {
+    QRect target;
+    QRect source;
+
+    bool operator==(const ImageSlice&) const = default;
+};
+
+/// The tab strip's left cap, middle and right cap, at the bottom of a palette. The right cap begins
+/// a pixel before the middle ends, so that no gap shows between them.
+/// @param image  size of the strip's image      @param tabs  number of tabs
+[[nodiscard]] QList<ImageSlice> tabStripSlices(QSize palette, QSize image, int tabs, int tabWidth);
+
+/// Top-left corner of a palette held inside its frame's bottom-right corner. Not clamped: a frame
+/// that is too small gives negative coordinates.
+[[nodiscard]] QPoint cornerPosition(QSize frame, QSize palette);
+
+}

@@ -1,0 +1,13 @@
+#include "action/widget/vccombobox.h"
+
+#include "action/widget/stylesheets.h"
+
+namespace VcAction::Widget {
+
+VcComboBox::VcComboBox(QWidget* parent)
+    : QComboBox(parent)
+{
+    setStyleSheet(StyleSheets::comboBox());
+}
+
+}

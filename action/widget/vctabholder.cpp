@@ -1,0 +1,28 @@
+#include "action/widget/vctabholder.h"
+
+#include "action/widget/stylesheets.h"
+
+namespace VcAction::Widget {
+
+namespace {
+
+constexpr int defaultTabWidth = 126;
+// A tab's side borders, 7 pixels each, less the pixel by which its margins overlap each neighbour.
+constexpr int tabBorders = 12;
+
+}
+
+VcTabHolder::VcTabHolder(QWidget* parent)
+    : QTabWidget(parent)
+{
+    setTabWidth(defaultTabWidth);
+}
+
+void VcTabHolder::setTabWidth(int width)
+{
+    setStyleSheet(StyleSheets::tabHolder(width - tabBorders));
+}
+
+void VcTabHolder::paintEvent(QPaintEvent* /*event*/) { }
+
+}

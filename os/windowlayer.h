@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QByteArrayView>
+
+/// The place of a window in the window manager's stacking order, decided from what is known of the
+/// window manager.
+namespace osUtils::System {
+
+/// How a window asks to lie above everything else.
+struct WindowLayer {
+    /// The names of the window type property's values.
+    enum class Type { Notification, Dock };
+
+    Type type = Type::Notification;
+    /// Whether it asks for the full-screen state as well.
+    bool fullScreen = false;
+
+    bool operator==(const WindowLayer&) const = default;
+};
+
+/// The layer that keeps a window above panels, docks and always-on-top windows.
+/// @param windowManager  its name as it announces it; empty when none runs
+/// @param coversScreen  whether the window is exactly as large as a screen and lies on it
+[[nodiscard]] WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen);
+
+}

@@ -1,0 +1,158 @@
+#include "os/x11/x11window.h"
+
+#include <QGuiApplication>
+
+#include <xcb/shape.h>
+#include <xcb/xcb.h>
+
+#include <array>
+#include <cstdlib>
+#include <memory>
+
+namespace osUtils::X11 {
+
+namespace {
+
+// Replies are allocated by the library and freed by the caller.
+struct Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+template<typename Reply>
+using ReplyPointer = std::unique_ptr<Reply, Free>;
+
+// The length of text properties that are read, in units of four bytes.
+constexpr uint32_t longestName = 64;
+
+xcb_connection_t* connection()
+{
+    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    return x11 ? x11->connection() : nullptr;
+}
+
+xcb_window_t rootWindow()
+{
+    return xcb_setup_roots_iterator(xcb_get_setup(connection())).data->root;
+}
+
+xcb_atom_t atom(QByteArrayView name)
+{
+    const auto cookie
+        = xcb_intern_atom(connection(), false, static_cast<uint16_t>(name.size()), name.data());
+    const ReplyPointer<xcb_intern_atom_reply_t> reply(
+        xcb_intern_atom_reply(connection(), cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+}
+
+QByteArray propertyValue(xcb_window_t window, const char* property)
+{
+    const auto cookie = xcb_get_property(connection(), false, window, atom(property),
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, longestName);
+    const ReplyPointer<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(connection(), cookie, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            xcb_get_property_value_length(reply.get())};
+}
+
+xcb_window_t toWindow(WId window)
+{
+    return static_cast<xcb_window_t>(window);
+}
+
+}
+
+bool isAvailable()
+{
+    return connection() != nullptr;
+}
+
+QByteArray windowManagerName()
+{
+    // The window manager announces itself by a window of its own, which carries its name.
+    const QByteArray check = propertyValue(rootWindow(), "_NET_SUPPORTING_WM_CHECK");
+    if (check.size() != sizeof(xcb_window_t))
+        return {};
+    xcb_window_t window = XCB_WINDOW_NONE;
+    std::copy(check.begin(), check.end(), reinterpret_cast<char*>(&window));
+    return propertyValue(window, "_NET_WM_NAME");
+}
+
+void setWindowLayer(WId window, const System::WindowLayer& layer)
+{
+    // The standard's order of preference: a window manager takes the first type that it knows.
+    const bool dock = layer.type == System::WindowLayer::Type::Dock;
+    const std::array<xcb_atom_t, 2> types{
+        atom(dock ? "_NET_WM_WINDOW_TYPE_DOCK" : "_NET_WM_WINDOW_TYPE_NOTIFICATION"),
+        atom("_NET_WM_WINDOW_TYPE_NORMAL")};
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window),
+                        atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 32, types.size(), types.data());
+    xcb_flush(connection());
+}
+
+void keepAbove(WId window)
+{
+    // Extended Window Manager Hints: action 1 adds the state, source 1 is a normal application.
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = toWindow(window);
+    message.type = atom("_NET_WM_STATE");
+    message.data.data32[0] = 1;
+    message.data.data32[1] = atom("_NET_WM_STATE_ABOVE");
+    message.data.data32[3] = 1;
+    xcb_send_event(connection(), false, rootWindow(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection());
+}
+
+void setCardinals(WId window, const char* property, std::initializer_list<quint32> values)
+{
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window), atom(property),
+                        XCB_ATOM_CARDINAL, 32, static_cast<uint32_t>(values.size()),
+                        values.begin());
+    xcb_flush(connection());
+}
+
+void deleteProperty(WId window, const char* property)
+{
+    xcb_delete_property(connection(), toWindow(window), atom(property));
+    xcb_flush(connection());
+}
+
+std::vector<WId> windowAndFrames(WId window)
+{
+    std::vector<WId> windows;
+    for (xcb_window_t current = toWindow(window); current != XCB_WINDOW_NONE;) {
+        const auto cookie = xcb_query_tree(connection(), current);
+        const ReplyPointer<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(connection(), cookie, nullptr));
+        if (!tree || current == tree->root)
+            break;
+        windows.push_back(current);
+        current = tree->parent;
+    }
+    return windows;
+}
+
+void setInputShape(WId window, const std::optional<QRegion>& region)
+{
+    if (region) {
+        std::vector<xcb_rectangle_t> rectangles;
+        for (const QRect& rect : *region) {
+            rectangles.push_back({static_cast<int16_t>(rect.x()), static_cast<int16_t>(rect.y()),
+                                  static_cast<uint16_t>(rect.width()),
+                                  static_cast<uint16_t>(rect.height())});
+        }
+        xcb_shape_rectangles(connection(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT,
+                             XCB_CLIP_ORDERING_UNSORTED, toWindow(window), 0, 0,
+                             static_cast<uint32_t>(rectangles.size()), rectangles.data());
+    } else {
+        xcb_shape_mask(connection(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, toWindow(window), 0, 0,
+                       XCB_NONE);
+    }
+    xcb_flush(connection());
+}
+
+}

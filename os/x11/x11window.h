@@ -1,0 +1,44 @@
+#pragma once
+
+#include "os/windowlayer.h"
+
+#include <QByteArray>
+#include <QRegion>
+#include <QWindow>
+
+#include <initializer_list>
+#include <optional>
+#include <vector>
+
+/// Properties of X11 windows that the toolkit does not set, over the toolkit's own connection.
+///
+/// Every function but isAvailable() needs the X11 platform. Errors (a window that is gone) are the
+/// server's to ignore: nothing is reported.
+namespace osUtils::X11 {
+
+/// Whether the toolkit runs on an X11 server.
+[[nodiscard]] bool isAvailable();
+
+/// Name that the running window manager announces; empty when none runs.
+[[nodiscard]] QByteArray windowManagerName();
+
+/// Sets the window's type so that it takes its place in the layer (the full-screen state is the
+/// toolkit's to set).
+void setWindowLayer(WId window, const System::WindowLayer& layer);
+
+/// Asks the window manager to keep a mapped window above others.
+void keepAbove(WId window);
+
+/// Sets a property to a list of cardinals.
+void setCardinals(WId window, const char* property, std::initializer_list<quint32> values);
+void deleteProperty(WId window, const char* property);
+
+/// The window and the frames that the window manager has put around it, innermost first, without
+/// the root.
+[[nodiscard]] std::vector<WId> windowAndFrames(WId window);
+
+/// Limits the mouse input of a window to a region, in device pixels and window coordinates; none
+/// gives the whole window back. Takes effect at once, without mapping the window anew.
+void setInputShape(WId window, const std::optional<QRegion>& region);
+
+}

@@ -1,0 +1,15 @@
+#include "overlay/frameengine.h"
+
+namespace Helpers::NQt {
+
+FrameEngine::FrameEngine(TransparentFrame* owner)
+    : frame(owner)
+{
+}
+
+void FrameEngine::setDrawBack(bool wanted)
+{
+    drawBack = wanted;
+}
+
+}

@@ -1,0 +1,39 @@
+#pragma once
+
+#include "overlay/frameengine.h"
+
+#include <QPixmap>
+
+class QPainter;
+
+namespace Helpers::NQt {
+
+/// The screenshot engine: photographs the screen under the frame and paints the picture as an opaque
+/// background. The picture is also a canvas for lasting strokes.
+class FrameEngineSS : public FrameEngine {
+public:
+    /// @param screen  number of the screen that the frame opens on
+    FrameEngineSS(TransparentFrame* frame, int screen);
+    ~FrameEngineSS() override = default;
+
+    /// Takes a new picture of the frame's place. The frame must not be visible, or it is part of it.
+    void init() override;
+    void paint(QPaintDevice* device) override;
+    /// The picture; null inside until the first init() and after a failed one.
+    QPixmap* background() override { return &pixmap; }
+
+    /// Draws a part of the picture, pixel for pixel.
+    /// @param at  place of the part's top-left corner on the target, logical pixels
+    /// @param source  the part, in logical pixels of the picture
+    virtual void drawBack(QPaintDevice* device, QPoint at, QRect source);
+    virtual void drawBack(QPainter* painter, QPoint at, QRect source);
+    virtual void drawBack(QPainter* painter, QPoint at, QRectF source);
+
+private:
+    void printScreen();
+
+    QPixmap pixmap;
+    int screen;
+};
+
+}

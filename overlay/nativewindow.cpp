@@ -1,0 +1,157 @@
+#include "overlay/nativewindow.h"
+
+#include "overlay/windowplatform.h"
+
+#include <QChildEvent>
+#include <QGuiApplication>
+#include <QWidget>
+#include <QWindow>
+
+namespace Helpers::NQt {
+
+namespace {
+
+const WindowPlatform& platform()
+{
+    return windowPlatform(QGuiApplication::platformName());
+}
+
+bool changesPlace(QEvent::Type type)
+{
+    return type == QEvent::Move || type == QEvent::Resize || type == QEvent::Show
+        || type == QEvent::Hide;
+}
+
+}
+
+NativeWindow& NativeWindow::of(QWidget& widget)
+{
+    QWidget& topLevel = *widget.window();
+    topLevel.winId();
+    if (auto* known = topLevel.findChild<NativeWindow*>(QString(), Qt::FindDirectChildrenOnly))
+        return *known;
+    return *new NativeWindow(topLevel);
+}
+
+NativeWindow::NativeWindow(QWidget& topLevel)
+    : QObject(&topLevel)
+    , widget(topLevel)
+{
+    widget.installEventFilter(this);
+    watchNativeWindow();
+}
+
+void NativeWindow::setShadow(bool wanted)
+{
+    shadow = wanted;
+    applyShadow();
+}
+
+void NativeWindow::setIgnoresMouse(bool ignore)
+{
+    if (!ignoresMouse)
+        watchChildren();
+    ignoresMouse = ignore;
+    applyInputRegion();
+}
+
+void NativeWindow::setOpaque(bool wanted)
+{
+    opaque = wanted;
+    applyOpaque();
+}
+
+void NativeWindow::raiseAboveAll()
+{
+    platform().raiseAboveAll(*widget.windowHandle());
+}
+
+bool NativeWindow::eventFilter(QObject* watched, QEvent* event)
+{
+    if (watched == &widget)
+        windowChanged(event);
+    else if (watched == widget.windowHandle())
+        nativeWindowChanged(event);
+    else if (changesPlace(event->type()))
+        applyInputRegion();
+    return QObject::eventFilter(watched, event);
+}
+
+void NativeWindow::watchNativeWindow()
+{
+    if (QWindow* window = widget.windowHandle())
+        window->installEventFilter(this);
+}
+
+void NativeWindow::watchChildren()
+{
+    for (QObject* child : widget.children()) {
+        if (child->isWidgetType())
+            child->installEventFilter(this);
+    }
+}
+
+void NativeWindow::windowChanged(QEvent* event)
+{
+    if (event->type() == QEvent::WinIdChange) {
+        watchNativeWindow();
+        applyAll();
+    } else if (event->type() == QEvent::Resize) {
+        applyOpaque();
+    } else if (event->type() == QEvent::ChildAdded && ignoresMouse) {
+        static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
+    }
+}
+
+void NativeWindow::nativeWindowChanged(QEvent* event) const
+{
+    // The first exposure follows the map, when the window manager has put its frames around.
+    if (event->type() == QEvent::Expose)
+        applyAll();
+}
+
+void NativeWindow::applyAll() const
+{
+    applyShadow();
+    applyInputRegion();
+    applyOpaque();
+}
+
+void NativeWindow::applyShadow() const
+{
+    if (shadow && widget.windowHandle())
+        platform().setShadow(*widget.windowHandle(), *shadow);
+}
+
+void NativeWindow::applyInputRegion() const
+{
+    if (!ignoresMouse || !widget.windowHandle())
+        return;
+    std::optional<QRegion> region;
+    if (*ignoresMouse)
+        region = childRegion(widget);
+    platform().setInputRegion(*widget.windowHandle(), region);
+}
+
+void NativeWindow::applyOpaque() const
+{
+    if (opaque && widget.windowHandle())
+        platform().setOpaque(*widget.windowHandle(), *opaque);
+}
+
+QRegion childRegion(const QWidget& window)
+{
+    const qreal ratio = window.devicePixelRatioF();
+    QRegion region;
+    for (const QObject* child : window.children()) {
+        const auto* part = qobject_cast<const QWidget*>(child);
+        if (!part || part->isWindow() || part->isHidden())
+            continue;
+        const QRect geometry = part->geometry();
+        region += QRectF(QPointF(geometry.topLeft()) * ratio, QSizeF(geometry.size()) * ratio)
+                      .toAlignedRect();
+    }
+    return region;
+}
+
+}

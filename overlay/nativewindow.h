@@ -1,0 +1,53 @@
+#pragma once
+
+#include <QObject>
+#include <QRegion>
+
+#include <optional>
+
+class QWidget;
+
+namespace Helpers::NQt {
+
+/// Remembers the native properties asked for one top-level widget and sets them again whenever the
+/// window system may have lost them: in a new native window, and in the frame that a window manager
+/// puts around it when it is mapped.
+class NativeWindow : public QObject {
+    Q_OBJECT
+
+public:
+    /// The one of the window that holds the widget; made, with the native window, on first use.
+    static NativeWindow& of(QWidget& widget);
+
+    void setShadow(bool shadow);
+    void setIgnoresMouse(bool ignore);
+    void setOpaque(bool opaque);
+    void raiseAboveAll();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    explicit NativeWindow(QWidget& topLevel);
+
+    void watchNativeWindow();
+    void watchChildren();
+    void windowChanged(QEvent* event);
+    void nativeWindowChanged(QEvent* event) const;
+    void applyAll() const;
+    void applyShadow() const;
+    void applyInputRegion() const;
+    void applyOpaque() const;
+
+    QWidget& widget;
+    // Without a value: never asked for, left as the window system has it.
+    std::optional<bool> shadow;
+    std::optional<bool> ignoresMouse;
+    std::optional<bool> opaque;
+};
+
+/// Where a window that lets the mouse through still catches it: over its visible child widgets.
+/// @return  in device pixels and window coordinates
+[[nodiscard]] QRegion childRegion(const QWidget& window);
+
+}

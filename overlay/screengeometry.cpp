@@ -1,0 +1,42 @@
+#include "overlay/screengeometry.h"
+
+#include <QtMath>
+
+#include <algorithm>
+#include <limits>
+
+namespace Helpers::NQt {
+
+namespace {
+
+qint64 squaredDistance(QPoint point, const QRect& rect)
+{
+    const qint64 dx = std::max({rect.left() - point.x(), 0, point.x() - rect.right()});
+    const qint64 dy = std::max({rect.top() - point.y(), 0, point.y() - rect.bottom()});
+    return dx * dx + dy * dy;
+}
+
+}
+
+int screenHolding(QPoint point, const QList<QRect>& screens)
+{
+    int nearest = 0;
+    qint64 smallest = std::numeric_limits<qint64>::max();
+    for (int index = 0; index < screens.size(); ++index) {
+        const qint64 distance = squaredDistance(point, screens[index]);
+        if (distance < smallest) {
+            smallest = distance;
+            nearest = index;
+        }
+    }
+    return nearest;
+}
+
+QRect deviceRect(const QRect& area, QPoint screenOrigin, qreal ratio)
+{
+    const QPointF offset = QPointF(area.topLeft() - screenOrigin) * ratio;
+    const QSizeF size = QSizeF(area.size()) * ratio;
+    return {screenOrigin + offset.toPoint(), QSize(qCeil(size.width()), qCeil(size.height()))};
+}
+
+}

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QList>
+#include <QRect>
+
+/// Where screens lie, as functions of rectangles.
+///
+/// Logical coordinates are the toolkit's: the origin of a screen is where the window system puts it,
+/// sizes and distances inside the screen are divided by its device pixel ratio. Device coordinates
+/// count the window system's own pixels over the whole desktop.
+namespace Helpers::NQt {
+
+/// Index of the screen that holds a point, else of the nearest one (the first of equals).
+/// @param screens  geometries, in logical coordinates; with none the index is 0
+[[nodiscard]] int screenHolding(QPoint point, const QList<QRect>& screens);
+
+/// The device pixels that an area covers.
+/// @param area  in logical coordinates, seen from the screen that it begins on
+/// @param screenOrigin  top-left corner of that screen
+/// @param ratio  device pixels for each logical pixel of that screen
+[[nodiscard]] QRect deviceRect(const QRect& area, QPoint screenOrigin, qreal ratio);
+
+}

@@ -1,0 +1,96 @@
+#include "overlay/transparentframe.h"
+
+#include "overlay/frameenginert.h"
+#include "overlay/frameenginess.h"
+#include "overlay/windowutils.h"
+
+#include <QGuiApplication>
+#include <QPaintEvent>
+#include <QScreen>
+
+namespace Helpers::NQt {
+
+namespace {
+
+constexpr int liveEngineType = 1;
+
+std::unique_ptr<FrameEngine> makeEngine(int engineType, TransparentFrame* frame, int screen)
+{
+    if (engineType == liveEngineType)
+        return std::make_unique<FrameEngineRT>(frame);
+    return std::make_unique<FrameEngineSS>(frame, screen);
+}
+
+}
+
+TransparentFrame::TransparentFrame(QWidget* parent, int engineType, int width, int height)
+    : QMainWindow(parent)
+{
+    const int screen = Utils::findScreenHoldingMouse();
+    engine = makeEngine(engineType, this, screen);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setWindowFlags(Qt::FramelessWindowHint);
+    coverScreen(screen, QSize(width, height));
+    setAttribute(Qt::WA_MouseTracking);
+    // The toolkit merges the motion events that have queued up, which turns a fast stroke into a
+    // polygon. The platform plug-in sets the attribute on start, so it is cleared only from here on.
+    QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
+    engine->init();
+}
+
+TransparentFrame::~TransparentFrame() = default;
+
+void TransparentFrame::coverScreen(int screen, QSize size)
+{
+    QScreen* const home = QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
+    if (!home)
+        return;
+    // Before the native window exists: it is made with the device pixel ratio of this screen.
+    setScreen(home);
+    const QRect geometry = home->geometry();
+    const bool explicitSize = size.width() != 0 && size.height() != 0;
+    resize(explicitSize ? size : geometry.size());
+    move(geometry.topLeft());
+}
+
+void TransparentFrame::updateCursor() { }
+
+void TransparentFrame::draw(QPaintDevice* /*device*/) { }
+
+bool TransparentFrame::getDrawBack() const
+{
+    return engine->drawBack;
+}
+
+void TransparentFrame::setDrawBack(bool drawBack)
+{
+    engine->setDrawBack(drawBack);
+}
+
+QPixmap* TransparentFrame::background()
+{
+    return engine->background();
+}
+
+QPaintDevice* TransparentFrame::paintDevice()
+{
+    return engine->background();
+}
+
+void TransparentFrame::mousePressEvent(QMouseEvent* /*event*/)
+{
+    updateCursor();
+}
+
+void TransparentFrame::paintEvent(QPaintEvent* event)
+{
+    engine->paint(this);
+    event->accept();
+}
+
+void TransparentFrame::resizeEvent(QResizeEvent* /*event*/)
+{
+    engine->init();
+}
+
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <QMainWindow>
+
+#include <memory>
+
+class QPixmap;
+
+/// Toolkit helpers: the overlay frame, its engines and the native window's properties.
+namespace Helpers::NQt {
+
+class FrameEngine;
+
+/// A borderless window over the whole screen under the mouse, on which a tool draws. Its engine
+/// decides what lies behind the drawing; the frame itself draws nothing.
+class TransparentFrame : public QMainWindow {
+    Q_OBJECT
+
+public:
+    /// @param engineType  1 for the live engine, any other number for the screenshot engine
+    /// @param width, height  size in logical pixels; the screen's size if either is 0
+    TransparentFrame(QWidget* parent, int engineType, int width, int height);
+    ~TransparentFrame() override;
+
+    /// Sets the cursor that suits the tool. Called on every mouse press.
+    virtual void updateCursor();
+    /// Paints the tool's content. Called on every paint, after the background.
+    /// @param device  to be painted on in the frame's coordinates, logical pixels
+    virtual void draw(QPaintDevice* device);
+
+    /// Whether the engine paints the background.
+    [[nodiscard]] bool getDrawBack() const;
+    void setDrawBack(bool drawBack);
+
+    /// The engine's picture; null for the live engine.
+    [[nodiscard]] QPixmap* background();
+    /// The same object, as a canvas for lasting strokes.
+    [[nodiscard]] QPaintDevice* paintDevice();
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    void coverScreen(int screen, QSize size);
+
+    std::unique_ptr<FrameEngine> engine;
+};
+
+}

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QRegion>
+#include <QString>
+
+#include <optional>
+
+class QWindow;
+
+namespace Helpers::NQt {
+
+/// The native properties of top-level windows, as one window system has them. Without state: what
+/// was asked for is remembered by NativeWindow.
+///
+/// Windows passed in have their native window. Nothing is reported.
+class WindowPlatform {
+public:
+    virtual ~WindowPlatform() = default;
+
+    virtual void setShadow(const QWindow& window, bool shadow) const = 0;
+    /// @param region  where the mouse is caught, in device pixels and window coordinates; none means
+    ///                everywhere
+    virtual void setInputRegion(const QWindow& window,
+                                const std::optional<QRegion>& region) const = 0;
+    virtual void setOpaque(const QWindow& window, bool opaque) const = 0;
+    virtual void raiseAboveAll(QWindow& window) const = 0;
+};
+
+/// The window system of a platform plug-in's name; one that does nothing for names it does not know.
+[[nodiscard]] const WindowPlatform& windowPlatform(const QString& pluginName);
+
+}

@@ -1,0 +1,21 @@
+#include "overlay/windowplatform_none.h"
+
+#include <QWindow>
+
+namespace Helpers::NQt {
+
+void WindowPlatformNone::setShadow(const QWindow& /*window*/, bool /*shadow*/) const { }
+
+void WindowPlatformNone::setInputRegion(const QWindow& /*window*/,
+                                        const std::optional<QRegion>& /*region*/) const
+{
+}
+
+void WindowPlatformNone::setOpaque(const QWindow& /*window*/, bool /*opaque*/) const { }
+
+void WindowPlatformNone::raiseAboveAll(QWindow& window) const
+{
+    window.raise();
+}
+
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "overlay/windowplatform.h"
+
+namespace Helpers::NQt {
+
+/// A window system without these properties: every request is harmless and without effect.
+class WindowPlatformNone : public WindowPlatform {
+public:
+    void setShadow(const QWindow& window, bool shadow) const override;
+    void setInputRegion(const QWindow& window,
+                        const std::optional<QRegion>& region) const override;
+    void setOpaque(const QWindow& window, bool opaque) const override;
+    void raiseAboveAll(QWindow& window) const override;
+};
+
+}

@@ -1,0 +1,70 @@
+#include "overlay/windowplatform_x11.h"
+
+#include "os/windowlayer.h"
+#include "os/x11/x11window.h"
+
+#include <QWindow>
+#include <QtMath>
+
+namespace Helpers::NQt {
+
+namespace X11 = osUtils::X11;
+
+namespace {
+
+// Read by picom (and its forerunner, whose name it bears), from the window manager's outermost frame.
+constexpr auto picomShadow = "_COMPTON_SHADOW";
+// Read by the compositors of mutter and metacity: with invisible borders of no width there is none to
+// put a shadow around.
+constexpr auto frameExtents = "_GTK_FRAME_EXTENTS";
+// Where compositors need not look for what shines through.
+constexpr auto opaqueRegion = "_NET_WM_OPAQUE_REGION";
+
+}
+
+void WindowPlatformX11::setShadow(const QWindow& window, bool shadow) const
+{
+    const WId id = window.winId();
+    if (shadow)
+        X11::deleteProperty(id, frameExtents);
+    else
+        X11::setCardinals(id, frameExtents, {0, 0, 0, 0});
+
+    for (const WId level : X11::windowAndFrames(id)) {
+        if (shadow)
+            X11::deleteProperty(level, picomShadow);
+        else
+            X11::setCardinals(level, picomShadow, {0});
+    }
+}
+
+void WindowPlatformX11::setInputRegion(const QWindow& window,
+                                       const std::optional<QRegion>& region) const
+{
+    // The frames as well: in fluxbox they catch the clicks that the window lets through. They are of
+    // the same size, the window being frameless.
+    for (const WId level : X11::windowAndFrames(window.winId()))
+        X11::setInputShape(level, region);
+}
+
+void WindowPlatformX11::setOpaque(const QWindow& window, bool opaque) const
+{
+    if (!opaque) {
+        X11::deleteProperty(window.winId(), opaqueRegion);
+        return;
+    }
+    const QSizeF size = QSizeF(window.size()) * window.devicePixelRatio();
+    X11::setCardinals(window.winId(), opaqueRegion,
+                      {0, 0, static_cast<quint32>(qCeil(size.width())),
+                       static_cast<quint32>(qCeil(size.height()))});
+}
+
+void WindowPlatformX11::raiseAboveAll(QWindow& window) const
+{
+    using osUtils::System::coveringLayer;
+    X11::setWindowLayer(window.winId(), coveringLayer(X11::windowManagerName(), false));
+    X11::keepAbove(window.winId());
+    window.raise();
+}
+
+}

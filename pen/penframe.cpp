@@ -1,0 +1,335 @@
+#include "pen/penframe.h"
+
+#include "action/widget/wheelsteps.h"
+#include "overlay/layerpixmap.h"
+#include "pen/pentoolbar.h"
+#include "pen/strokegeometry.h"
+
+#include <QApplication>
+#include <QBitmap>
+#include <QMouseEvent>
+#include <QPainter>
+
+namespace VcAction::Frame {
+
+using Helpers::NQt::layerPixmap;
+
+namespace {
+
+enum Style { Freehand = 0, Ellipse = 1, Rectangle = 2, RoundRect = 3 };
+
+constexpr int screenshotEngine = 0;
+constexpr QSize cursorSize(32, 32);
+/// The pen's tip in the cursor's images.
+constexpr QPoint cursorHotSpot(6, 29);
+constexpr QColor almostTransparent(0, 0, 0, 1);
+/// Percentage of the round rectangle's half sides.
+constexpr qreal roundness = 25;
+
+double opacityFor(bool transparent)
+{
+    return transparent ? 0.5 : 1.0;
+}
+
+}
+
+PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, bool transparent)
+    : ActionFrame(parent, screenshotEngine, 0, 0)
+    , style(penStyle)
+    , blankLayer(layerPixmap(this->size(), devicePixelRatioF(), almostTransparent))
+    , strokeLayer(layerPixmap(this->size(), devicePixelRatioF(), Qt::transparent))
+    , penSize(size)
+    , color(penColor)
+    , opacity(opacityFor(transparent))
+    , cursorPixmap(layerPixmap(cursorSize, devicePixelRatioF(), Qt::transparent))
+    , pointerMul(QStringLiteral(":/resource/action/pen/Img/pointerMul.png"))
+    , pointerTop(QStringLiteral(":/resource/action/pen/Img/pointerTop.png"))
+{
+    trackDirtyRegion();
+    startPoint = previousPoint = currentPoint = mapFromGlobal(QCursor::pos());
+    setDrawBack(true);
+    setPen(penColor);
+}
+
+void PenFrame::setPen(QColor penColor)
+{
+    color = penColor;
+    makePen();
+    colorizeCursor();
+    updateCursor();
+    markDirty(liveBox());
+    repaintDirty();
+}
+
+void PenFrame::setPenSize(int size)
+{
+    markDirty(liveBox());
+    penSize = size;
+    makePen();
+    markDirty(liveBox());
+    repaintDirty();
+}
+
+void PenFrame::setStyle(int penStyle)
+{
+    style = penStyle;
+    setDrawBack(true);
+}
+
+void PenFrame::setTransparency(bool transparent)
+{
+    opacity = opacityFor(transparent);
+}
+
+void PenFrame::makePen()
+{
+    pen = QPen(QBrush(color, Qt::SolidPattern), static_cast<qreal>(penSize), Qt::SolidLine,
+               Qt::RoundCap, Qt::RoundJoin);
+    segmentPending = drawing;
+}
+
+bool PenFrame::isFreehand() const
+{
+    return style == Freehand;
+}
+
+void PenFrame::mousePressEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) {
+        markDirty(liveBox());
+        drawing = true;
+        currentPoint = previousPoint = startPoint = event->position();
+        strokeRect = QRect();
+        segmentPending = true;
+        markDirty(liveBox());
+    }
+    ActionFrame::mousePressEvent(event);
+}
+
+void PenFrame::mouseMoveEvent(QMouseEvent* event)
+{
+    // A segment that no paint has asked for, the frame being hidden, is ink nevertheless.
+    if (drawing && isFreehand())
+        extendStroke();
+    else
+        markDirty(liveBox());
+    previousPoint = currentPoint;
+    currentPoint = event->position();
+    segmentPending = drawing;
+    markDirty(liveBox());
+    repaintDirty();
+}
+
+void PenFrame::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton && drawing) {
+        markDirty(liveBox());
+        if (isFreehand() && !getDrawBack()) {
+            setDrawBack(true);
+            markDirty(rect());
+        }
+        drawing = false;
+        drawNewPolygon();
+        markDirty(liveBox());
+    }
+    repaintDirty();
+}
+
+void PenFrame::wheelEvent(QWheelEvent* event)
+{
+    if (toolbar && toolbar->geometry().contains(event->position().toPoint()))
+        return;
+    const Widget::WheelTurn turn = Widget::wheelTurn(*event);
+    const Widget::WheelSteps wheel = Widget::wheelSteps(wheelRemainder, turn.delta);
+    wheelRemainder = wheel.remainder;
+    auto* palette = qobject_cast<Toolbar::PenToolbar*>(toolbar);
+    if (palette && !turn.horizontal)
+        palette->incrementColor(-wheel.steps);
+    event->accept();
+}
+
+QRect PenFrame::liveBox() const
+{
+    if (isFreehand())
+        return touchedBox(drawing ? previousPoint : currentPoint, currentPoint, penSize);
+    return drawing ? shapeBox(startPoint.toPoint(), currentPoint.toPoint()) : QRect();
+}
+
+void PenFrame::computeRect()
+{
+    if (!isFreehand()) {
+        drawRect = shapeBox(startPoint.toPoint(), currentPoint.toPoint());
+        return;
+    }
+    // The pen's tip is where the last event saw the pointer: asking for it anew would cost a round
+    // trip to the window system for each paint and could only be ahead of the ink.
+    drawRect = segmentBox(previousPoint, currentPoint, penSize);
+    strokeRect |= drawRect;
+}
+
+void PenFrame::draw(QPaintDevice* device)
+{
+    computeRect();
+    if (drawing && isFreehand()) {
+        extendStroke();
+        showStroke(device);
+    } else if (drawing) {
+        showPrimitive(device);
+    } else if (isFreehand()) {
+        showPenTip(device);
+    }
+}
+
+void PenFrame::extendStroke()
+{
+    // Once for each segment: painted again, its antialiased edge would grow harder with every paint.
+    if (!segmentPending)
+        return;
+    segmentPending = false;
+    computeRect();
+    QPainter painter(&strokeLayer);
+    painter.setClipRect(drawRect);
+    painter.setOpacity(opacity);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(pen);
+    draw(&painter);
+}
+
+void PenFrame::showStroke(QPaintDevice* device)
+{
+    QPainter painter(device);
+    painter.setClipRect(strokeRect);
+    if (!getDrawBack())
+        painter.drawPixmap(0, 0, *background());
+    painter.drawPixmap(0, 0, strokeLayer);
+}
+
+void PenFrame::showPrimitive(QPaintDevice* device)
+{
+    QPainter painter(device);
+    painter.setClipRect(drawRect);
+    painter.setOpacity(opacity);
+    painter.setPen(pen);
+    draw(&painter);
+}
+
+void PenFrame::showPenTip(QPaintDevice* device)
+{
+    QPainter painter(device);
+    painter.setClipRect(drawRect);
+    painter.setOpacity(opacity);
+    painter.setPen(pen);
+    painter.drawPoint(currentPoint);
+}
+
+void PenFrame::draw(QPainter* painter)
+{
+    const QPoint start = startPoint.toPoint();
+    const QPoint current = currentPoint.toPoint();
+    switch (style) {
+    case Ellipse:
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QBrush(color, Qt::SolidPattern));
+        painter->drawEllipse(QRect(start, current));
+        break;
+    case Rectangle:
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QBrush(color, Qt::SolidPattern));
+        painter->drawRect(QRect(start, current));
+        break;
+    case RoundRect:
+        painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
+        painter->setPen(Qt::NoPen);
+        painter->setBrush(QBrush(color, Qt::SolidPattern));
+        painter->drawRoundedRect(QRectF(start.x(), start.y(), current.x() - start.x() + 1,
+                                        current.y() - start.y() + 1),
+                                 roundness, roundness, Qt::RelativeSize);
+        break;
+    default:
+        drawSegment(painter);
+        break;
+    }
+}
+
+void PenFrame::drawSegment(QPainter* painter)
+{
+    // Replaces what is there instead of blending with it: a stroke is of one opacity throughout.
+    painter->setCompositionMode(QPainter::CompositionMode_Source);
+    painter->setPen(pen);
+    // The toolkit paints no round caps on a line without length.
+    if (previousPoint == currentPoint)
+        painter->drawPoint(currentPoint);
+    else
+        painter->drawLine(previousPoint, currentPoint);
+}
+
+void PenFrame::drawNewPolygon()
+{
+    if (isFreehand())
+        commitStroke();
+    else
+        commitShape();
+}
+
+void PenFrame::commitStroke()
+{
+    extendStroke();
+    if (!background()->isNull()) {
+        QPainter painter(paintDevice());
+        painter.setClipRect(strokeRect);
+        painter.drawPixmap(0, 0, strokeLayer);
+    }
+    clearStrokeLayer();
+}
+
+void PenFrame::clearStrokeLayer()
+{
+    // Only where the stroke was, a pixel wider for the rounding of edges at a fractional ratio.
+    QPainter painter(&strokeLayer);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(strokeRect.adjusted(-1, -1, 1, 1), Qt::transparent);
+}
+
+void PenFrame::commitShape()
+{
+    if (background()->isNull())
+        return;
+    QPainter painter(paintDevice());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setClipRect(drawRect);
+    painter.setPen(pen);
+    painter.setOpacity(opacity);
+    draw(&painter);
+}
+
+void PenFrame::colorizeCursor()
+{
+    // Transparent first: a pixmap filled with an opaque colour has no alpha channel to take away from.
+    cursorPixmap.fill(Qt::transparent);
+    QPixmap shape = cursorPixmap;
+    QPainter painter(&cursorPixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(QRect(QPoint(), cursorSize), color);
+    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
+    painter.drawPixmap(0, 0, pointerMul);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
+    painter.drawPixmap(0, 0, pointerTop);
+    painter.end();
+
+    if (!pointerMul.isNull()) {
+        // The mask at the cursor's own device pixel ratio, which the image's need not be.
+        QPainter(&shape).drawPixmap(0, 0, pointerMul);
+        cursorPixmap.setMask(shape.mask());
+    }
+    penCursor = QCursor(cursorPixmap, cursorHotSpot.x(), cursorHotSpot.y());
+}
+
+void PenFrame::updateCursor()
+{
+    const bool overPalette
+        = toolbar && toolbar->geometry().contains(mapFromGlobal(QCursor::pos()));
+    if (!overPalette)
+        QApplication::setOverrideCursor(penCursor);
+}
+
+}

@@ -1,0 +1,94 @@
+#pragma once
+
+#include "action/frame/actionframe.h"
+
+#include <QColor>
+#include <QCursor>
+#include <QPen>
+#include <QPixmap>
+
+namespace VcAction::Frame {
+
+/// The pen tool's frame: turns the mouse's moves into strokes or shapes on the picture. How size,
+/// colour and style are chosen is its palette's.
+///
+/// A stroke grows in a transparent layer, so that it blends only once however often it crosses
+/// itself, and is painted into the picture when the button is released.
+class PenFrame : public ActionFrame {
+    Q_OBJECT
+
+public:
+    /// @param size  the pen's width in logical pixels, any number
+    /// @param style  0 freehand, 1 ellipse, 2 rectangle, 3 round rectangle
+    /// @param transparent  whether strokes are half-transparent
+    PenFrame(QWidget* parent, int size, QColor color, int style, bool transparent);
+
+    /// Opacity of later strokes: half or full.
+    void setTransparency(bool transparent);
+
+    [[nodiscard]] QColor penColor() const { return color; }
+    /// In logical pixels.
+    [[nodiscard]] int penWidth() const { return penSize; }
+    /// From 0 to 1.
+    [[nodiscard]] double penOpacity() const { return opacity; }
+
+    void updateCursor() override;
+    void draw(QPaintDevice* device) override;
+
+public slots:
+    void setPen(QColor color);
+    void setPenSize(int size);
+    void setStyle(int style);
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    [[nodiscard]] bool isFreehand() const;
+    [[nodiscard]] QRect liveBox() const;
+    void makePen();
+    void computeRect();
+    void draw(QPainter* painter);
+    void drawSegment(QPainter* painter);
+    void extendStroke();
+    void showStroke(QPaintDevice* device);
+    void showPrimitive(QPaintDevice* device);
+    void showPenTip(QPaintDevice* device);
+    void drawNewPolygon();
+    void commitStroke();
+    void clearStrokeLayer();
+    void commitShape();
+    void colorizeCursor();
+
+    int style;
+    /// Kept for derived tools; neither drawn nor read here.
+    QPixmap blankLayer;
+    QPixmap strokeLayer;
+    int penSize;
+    QColor color;
+    QPen pen;
+    bool drawing = false;
+    double opacity;
+    /// Points with fractions: on a dense screen the pointer moves by less than a logical pixel.
+    QPointF startPoint;
+    QPointF currentPoint;
+    QPointF previousPoint;
+    /// The area that the present paint's live part is clipped to.
+    QRect drawRect;
+    /// All drawRects of the present stroke.
+    QRect strokeRect;
+    QPixmap cursorPixmap;
+    QPixmap pointerMul;
+    QPixmap pointerTop;
+    int wheelRemainder = 0;
+
+    /// The coloured cursor: one object, however often it is pushed.
+    QCursor penCursor;
+    /// Whether the newest segment is not in the layer yet, or is there with an older pen.
+    bool segmentPending = false;
+};
+
+}

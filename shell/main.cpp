@@ -1,0 +1,25 @@
+#include "pen/penframe.h"
+#include "pen/pentoolbar.h"
+#include "shell/norvikapplication.h"
+#include "shell/penarguments.h"
+
+#include <QSettings>
+
+int main(int argc, char** argv)
+{
+    constexpr int freehand = 0;
+
+    QSettings settings("Varnholt", "Korvel");
+    settings.setValue("langFile", "vellumcraft");
+    settings.setValue("resourceFile", "vellumcraft.rcc");
+
+    Helpers::NQt::NorvikApplication application(settings, argc, argv);
+    const PenArguments pen = penArguments(QCoreApplication::arguments());
+
+    VcAction::Frame::PenFrame overlay(nullptr, pen.size, pen.color(), freehand, pen.transparent);
+    // Owned by the overlay.
+    overlay.setToolbar(new VcAction::Toolbar::PenToolbar(&overlay));
+    overlay.start(true);
+
+    return QApplication::exec();
+}

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QApplication>
+
+/// An application object that carries the id under which its instances could know each other. It
+/// takes no decision by it: every start is an instance of its own.
+class QtSingleApplication : public QApplication {
+    Q_OBJECT
+
+public:
+    QtSingleApplication(const QString& id, int& argc, char** argv);
+    /// The id is the path of the executable.
+    /// @param guiEnabled  accepted for programs that run without windows; windows always work
+    QtSingleApplication(int& argc, char** argv, bool guiEnabled = true);
+
+    [[nodiscard]] QString id() const { return applicationId; }
+
+private:
+    QString applicationId;
+};
