@@ -31,7 +31,8 @@ void FrameEngineSS::init()
 
 void FrameEngineSS::printScreen()
 {
-    QScreen* const home = QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
+    QScreen* const home =
+        QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
     if (!home)
         pixmap = QPixmap();
     else if (screen == wholeDesktopScreen)

@@ -42,7 +42,8 @@ TransparentFrame::~TransparentFrame() = default;
 
 void TransparentFrame::coverScreen(int screen, QSize size)
 {
-    QScreen* const home = QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
+    QScreen* const home =
+        QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
     if (!home)
         return;
     // Before the native window exists: it is made with the device pixel ratio of this screen.

@@ -8,8 +8,7 @@ namespace Helpers::NQt {
 class WindowPlatformX11 : public WindowPlatform {
 public:
     void setShadow(const QWindow& window, bool shadow) const override;
-    void setInputRegion(const QWindow& window,
-                        const std::optional<QRegion>& region) const override;
+    void setInputRegion(const QWindow& window, const std::optional<QRegion>& region) const override;
     void setOpaque(const QWindow& window, bool opaque) const override;
     void raiseAboveAll(QWindow& window) const override;
 };

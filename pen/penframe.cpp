@@ -241,9 +241,9 @@ void PenFrame::draw(QPainter* painter)
         painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
         painter->setPen(Qt::NoPen);
         painter->setBrush(QBrush(color, Qt::SolidPattern));
-        painter->drawRoundedRect(QRectF(start.x(), start.y(), current.x() - start.x() + 1,
-                                        current.y() - start.y() + 1),
-                                 roundness, roundness, Qt::RelativeSize);
+        painter->drawRoundedRect(
+            QRectF(start.x(), start.y(), current.x() - start.x() + 1, current.y() - start.y() + 1),
+            roundness, roundness, Qt::RelativeSize);
         break;
     default:
         drawSegment(painter);
@@ -326,8 +326,7 @@ void PenFrame::colorizeCursor()
 
 void PenFrame::updateCursor()
 {
-    const bool overPalette
-        = toolbar && toolbar->geometry().contains(mapFromGlobal(QCursor::pos()));
+    const bool overPalette = toolbar && toolbar->geometry().contains(mapFromGlobal(QCursor::pos()));
     if (!overPalette)
         QApplication::setOverrideCursor(penCursor);
 }

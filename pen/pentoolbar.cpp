@@ -68,8 +68,8 @@ void PenToolbar::createColorBox()
     colorGroupBox->setAlignment(Qt::AlignLeft);
     colorGroupBox->setFixedSize(groupBoxSize);
     colorGroupBox->move(125, 7);
-    colorComboBox
-        = new VcAction::Widget::VcColorComboBox(QColor(Qt::red), tr("red"), colorGroupBox, this);
+    colorComboBox =
+        new VcAction::Widget::VcColorComboBox(QColor(Qt::red), tr("red"), colorGroupBox, this);
     colorComboBox->setFixedSize(comboBoxSize);
     colorComboBox->move(comboBoxPlace);
 
@@ -137,9 +137,8 @@ void PenToolbar::fillShapeCB()
     addShape(tr("Ellipse"), 1, [&](QPainter& painter) { painter.drawEllipse(shape); });
     addShape(tr("Rectangle"), 2, [&](QPainter& painter) { painter.drawRect(shape); });
     // The name of the third is the same in every language.
-    addShape(QStringLiteral("Round Rect"), 3, [&](QPainter& painter) {
-        painter.drawRoundedRect(shape, 50, 50, Qt::RelativeSize);
-    });
+    addShape(QStringLiteral("Round Rect"), 3,
+             [&](QPainter& painter) { painter.drawRoundedRect(shape, 50, 50, Qt::RelativeSize); });
 }
 
 void PenToolbar::incrementColor(int step)

@@ -58,7 +58,7 @@ void NorvikApplication::createSignalPipe()
 
 int NorvikApplication::setup_unix_signal_handlers()
 {
-    struct sigaction action {};
+    struct sigaction action { };
     action.sa_handler = termSignalHandler;
     sigemptyset(&action.sa_mask);
     // Every flag: among them the one that restarts interrupted calls and the one that takes the
@@ -93,8 +93,8 @@ void NorvikApplication::loadDictionary()
     if (!translator.load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath), QString(),
                          QString())) {
         // Without a file of this name the interface keeps its own language.
-        [[maybe_unused]] const bool found
-            = translator.load(name, QDir::current().absolutePath(), QString(), QString());
+        [[maybe_unused]] const bool found =
+            translator.load(name, QDir::current().absolutePath(), QString(), QString());
     }
     installTranslator(&translator);
 }

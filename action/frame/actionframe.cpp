@@ -33,8 +33,7 @@ void ActionFrame::setToolbar(VcAction::Toolbar::ActionToolbar* palette)
 {
     toolbar = palette;
     if (toolbar)
-        toolbar->move(
-            VcAction::Toolbar::cornerPosition(frameGeometry().size(), toolbar->size()));
+        toolbar->move(VcAction::Toolbar::cornerPosition(frameGeometry().size(), toolbar->size()));
 }
 
 void ActionFrame::start(bool withraise)

@@ -23,14 +23,14 @@ namespace VcAction::Toolbar {
 namespace {
 
 constexpr auto tabBarImage = ":/resource/action/common/Img/tabBar.png";
-constexpr auto backFrameSheet
-    = "QFrame {border-image: url(:/resource/action/common/Img/toolbar.png) 18 20 18 49;"
-      "border-top: 18px transparent;border-bottom: 18px transparent;"
-      "border-right: 20px transparent;border-left: 49px transparent;}";
-constexpr auto closeButtonSheet
-    = "QPushButton:enabled{ border-image: url(:/resource/action/common/Img/close.png);}"
-      "QPushButton:hover{ border-image: url(:/resource/action/common/Img/closeOn.png);}"
-      "QPushButton:pressed{ border-image: url(:/resource/action/common/Img/closeOn.png);}";
+constexpr auto backFrameSheet =
+    "QFrame {border-image: url(:/resource/action/common/Img/toolbar.png) 18 20 18 49;"
+    "border-top: 18px transparent;border-bottom: 18px transparent;"
+    "border-right: 20px transparent;border-left: 49px transparent;}";
+constexpr auto closeButtonSheet =
+    "QPushButton:enabled{ border-image: url(:/resource/action/common/Img/close.png);}"
+    "QPushButton:hover{ border-image: url(:/resource/action/common/Img/closeOn.png);}"
+    "QPushButton:pressed{ border-image: url(:/resource/action/common/Img/closeOn.png);}";
 constexpr QSize closeButtonSize(48, 30);
 constexpr int closeButtonMargin = 5;
 constexpr int animationMs = 300;
@@ -51,7 +51,8 @@ ActionToolbar::ActionToolbar(QWidget* parent, QSize size)
     , cursorGrabbed(paletteCursor(":/resource/action/common/Img/cGrabbed.png"))
     , openWidth(size.width())
     , closedWidth(handleWidth)
-    , pictureFolder(QString::fromStdString(Vc::Utils::vcSpecialFolders(Vc::Utils::USER_PICTURE_FOLDER)))
+    , pictureFolder(
+          QString::fromStdString(Vc::Utils::vcSpecialFolders(Vc::Utils::USER_PICTURE_FOLDER)))
     , opacityEffect(new QGraphicsOpacityEffect(this))
 {
     setWindowFlags(Qt::SubWindow | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);

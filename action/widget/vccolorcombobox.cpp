@@ -71,9 +71,9 @@ void VcColorComboBox::chooseCustomColor()
 
 void VcColorComboBox::openColorDialog()
 {
-    const QColor color = QColorDialog::getColor(itemData(lastIndex).value<QColor>(), this,
-                                                tr("Choose a Custom Color"),
-                                                QColorDialog::DontUseNativeDialog);
+    const QColor color =
+        QColorDialog::getColor(itemData(lastIndex).value<QColor>(), this,
+                               tr("Choose a Custom Color"), QColorDialog::DontUseNativeDialog);
     if (color.isValid())
         chooseCustomColor(color);
     else

@@ -17,8 +17,7 @@ namespace {
 struct Free {
     void operator()(void* reply) const { std::free(reply); }
 };
-template<typename Reply>
-using ReplyPointer = std::unique_ptr<Reply, Free>;
+template <typename Reply> using ReplyPointer = std::unique_ptr<Reply, Free>;
 
 // The length of text properties that are read, in units of four bytes.
 constexpr uint32_t longestName = 64;
@@ -36,8 +35,8 @@ xcb_window_t rootWindow()
 
 xcb_atom_t atom(QByteArrayView name)
 {
-    const auto cookie
-        = xcb_intern_atom(connection(), false, static_cast<uint16_t>(name.size()), name.data());
+    const auto cookie =
+        xcb_intern_atom(connection(), false, static_cast<uint16_t>(name.size()), name.data());
     const ReplyPointer<xcb_intern_atom_reply_t> reply(
         xcb_intern_atom_reply(connection(), cookie, nullptr));
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};

@@ -1,0 +1,12 @@
+# Fails when a source is not laid out as .clang-format wants it.
+# Run by: cmake -DSOURCE_DIR=... -P format.cmake
+
+set(files "")
+foreach(folder IN ITEMS os overlay action pen shell tests bench)
+  file(GLOB_RECURSE found ${SOURCE_DIR}/${folder}/*.h ${SOURCE_DIR}/${folder}/*.cpp)
+  list(APPEND files ${found})
+endforeach()
+execute_process(COMMAND clang-format --dry-run -Werror ${files} RESULT_VARIABLE result)
+if(NOT result EQUAL 0)
+  message(FATAL_ERROR "./dev format lays these files out")
+endif()

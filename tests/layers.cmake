@@ -1,0 +1,23 @@
+# Fails when a file of a layer includes from one above it.
+# Run by: cmake -DSOURCE_DIR=... -P layers.cmake
+
+set(layers os overlay action pen shell)
+set(above ${layers})
+foreach(layer IN LISTS layers)
+  list(REMOVE_ITEM above ${layer})
+  if(NOT above)
+    break()
+  endif()
+  list(JOIN above "|" pattern)
+  file(GLOB_RECURSE files ${SOURCE_DIR}/${layer}/*.h ${SOURCE_DIR}/${layer}/*.cpp)
+  if(NOT files)
+    message(SEND_ERROR "${layer}/ holds no sources")
+  endif()
+  foreach(file IN LISTS files)
+    file(STRINGS ${file} upward REGEX "#include \"(${pattern})/")
+    file(STRINGS ${file} relative REGEX "#include \"\\.\\.?/")
+    if(upward OR relative)
+      message(SEND_ERROR "${file}: ${upward} ${relative}")
+    endif()
+  endforeach()
+endforeach()
