@@ -2,6 +2,7 @@
 
 #include "action/widget/wheelsteps.h"
 #include "overlay/layerpixmap.h"
+#include "overlay/sharpimage.h"
 #include "pen/pentoolbar.h"
 #include "pen/strokegeometry.h"
 
@@ -13,12 +14,15 @@
 namespace VcAction::Frame {
 
 using Helpers::NQt::layerPixmap;
+using Helpers::NQt::sharpImage;
 
 namespace {
 
 enum Style { Freehand = 0, Ellipse = 1, Rectangle = 2, RoundRect = 3 };
 
 constexpr int screenshotEngine = 0;
+constexpr auto pointerMulPath = ":/resource/action/pen/Img/pointerMul.png";
+constexpr auto pointerTopPath = ":/resource/action/pen/Img/pointerTop.png";
 constexpr QSize cursorSize(32, 32);
 /// The pen's tip in the cursor's images.
 constexpr QPoint cursorHotSpot(6, 29);
@@ -41,11 +45,11 @@ PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, boo
     , penSize(size)
     , color(penColor)
     , opacity(opacityFor(transparent))
-    , cursorPixmap(layerPixmap(cursorSize, devicePixelRatioF(), Qt::transparent))
-    , pointerMul(QStringLiteral(":/resource/action/pen/Img/pointerMul.png"))
-    , pointerTop(QStringLiteral(":/resource/action/pen/Img/pointerTop.png"))
+    , pointerMul(sharpImage(pointerMulPath, devicePixelRatioF()))
+    , pointerTop(sharpImage(pointerTopPath, devicePixelRatioF()))
 {
     trackDirtyRegion();
+    cursorPixmap = layerPixmap(cursorSize, pointerMul.devicePixelRatio(), Qt::transparent);
     startPoint = previousPoint = currentPoint = mapFromGlobal(QCursor::pos());
     setDrawBack(true);
     setPen(penColor);
@@ -304,9 +308,8 @@ void PenFrame::commitShape()
 
 void PenFrame::colorizeCursor()
 {
-    // Transparent first: a pixmap filled with an opaque colour has no alpha channel to take away from.
+    // Transparent first: a pixmap filled with an opaque colour has no alpha to take away from.
     cursorPixmap.fill(Qt::transparent);
-    QPixmap shape = cursorPixmap;
     QPainter painter(&cursorPixmap);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(QRect(QPoint(), cursorSize), color);
@@ -315,13 +318,8 @@ void PenFrame::colorizeCursor()
     painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
     painter.drawPixmap(0, 0, pointerTop);
     painter.end();
-
-    if (!pointerMul.isNull()) {
-        // The mask at the cursor's own device pixel ratio, which the image's need not be.
-        QPainter(&shape).drawPixmap(0, 0, pointerMul);
-        cursorPixmap.setMask(shape.mask());
-    }
-    penCursor = QCursor(cursorPixmap, cursorHotSpot.x(), cursorHotSpot.y());
+    cursorPixmap.setMask(pointerMul.mask());
+    penCursor = Helpers::NQt::sharpCursor(cursorPixmap, cursorHotSpot);
 }
 
 void PenFrame::updateCursor()

@@ -7,6 +7,7 @@
 #include "action/widget/vctabholder.h"
 #include "os/specialfolders.h"
 #include "overlay/layerpixmap.h"
+#include "overlay/sharpimage.h"
 
 #include <QAbstractItemView>
 #include <QApplication>
@@ -22,7 +23,10 @@ namespace VcAction::Toolbar {
 
 namespace {
 
-constexpr auto tabBarImage = ":/resource/action/common/Img/tabBar.png";
+// What the widgets' own sheets leave to the desktop's style, and the palette's light background cannot
+// do without: a flat group box has no frame, and a dark theme's white text would vanish.
+constexpr auto paletteSheet = "VcAction--Widget--VcGroupBox { border: 0px; }"
+                              "VcAction--Widget--VcCheckBox, QTabBar::tab { color: #1f1814; }";
 constexpr auto backFrameSheet =
     "QFrame {border-image: url(:/resource/action/common/Img/toolbar.png) 18 20 18 49;"
     "border-top: 18px transparent;border-bottom: 18px transparent;"
@@ -35,20 +39,25 @@ constexpr QSize closeButtonSize(48, 30);
 constexpr int closeButtonMargin = 5;
 constexpr int animationMs = 300;
 
-QCursor paletteCursor(const char* image)
+QPixmap paletteImage(const char* name, const QWidget& palette)
+{
+    return Helpers::NQt::sharpImage(":/resource/action/common/Img/" + QLatin1String(name),
+                                    palette.devicePixelRatioF());
+}
+
+QCursor paletteCursor(const char* name, const QWidget& palette)
 {
     constexpr QPoint hotSpot(4, 4);
-    const QPixmap pixmap{QString(QLatin1String(image))};
-    return pixmap.isNull() ? QCursor() : QCursor(pixmap, hotSpot.x(), hotSpot.y());
+    return Helpers::NQt::sharpCursor(paletteImage(name, palette), hotSpot);
 }
 
 }
 
 ActionToolbar::ActionToolbar(QWidget* parent, QSize size)
     : QMainWindow(parent)
-    , cursorNormal(paletteCursor(":/resource/action/common/Img/cCursor.png"))
-    , cursorGrab(paletteCursor(":/resource/action/common/Img/cGrab.png"))
-    , cursorGrabbed(paletteCursor(":/resource/action/common/Img/cGrabbed.png"))
+    , cursorNormal(paletteCursor("cCursor.png", *this))
+    , cursorGrab(paletteCursor("cGrab.png", *this))
+    , cursorGrabbed(paletteCursor("cGrabbed.png", *this))
     , openWidth(size.width())
     , closedWidth(handleWidth)
     , pictureFolder(
@@ -60,6 +69,7 @@ ActionToolbar::ActionToolbar(QWidget* parent, QSize size)
     // What the palette leaves alone must not reach the frame below: a press there would start a
     // stroke and the wheel step the colour.
     setAttribute(Qt::WA_NoMousePropagation);
+    setStyleSheet(QLatin1String(paletteSheet));
     createBackImage(size);
     resize(size);
     createBackFrame();
@@ -171,7 +181,7 @@ void ActionToolbar::createBackImage(QSize size)
     backImage = Helpers::NQt::layerPixmap(size, devicePixelRatioF(), Qt::transparent);
     if (tabs.isEmpty())
         return;
-    const QPixmap image{QString(QLatin1String(tabBarImage))};
+    const QPixmap image = paletteImage("tabBar.png", *this);
     const qreal ratio = image.devicePixelRatio();
     const QSize imageSize = image.deviceIndependentSize().toSize();
     QPainter painter(&backImage);
