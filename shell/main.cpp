@@ -1,5 +1,6 @@
 #include "pen/penframe.h"
 #include "pen/pentoolbar.h"
+#include "shell/fatalmessages.h"
 #include "shell/norvikapplication.h"
 #include "shell/penarguments.h"
 
@@ -9,6 +10,7 @@ int main(int argc, char** argv)
 {
     constexpr int freehand = 0;
 
+    endOnFatalMessages();
     QSettings settings("Varnholt", "Korvel");
     settings.setValue("langFile", "vellumcraft");
     settings.setValue("resourceFile", "vellumcraft.rcc");

@@ -25,6 +25,8 @@ ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
             SLOT(quit()));
     setWindowFlags(windowFlags() | Qt::WindowStaysOnTopHint);
     setAttribute(Qt::WA_QuitOnClose, true);
+    // Whoever goes on drawing has left the palette: keys no longer step its lists.
+    setFocusPolicy(Qt::ClickFocus);
     Helpers::NQt::Utils::setWindowShadow(this, false);
     osUtils::System::setSystemUIMode(allHiddenMode, 0);
 }
