@@ -298,6 +298,7 @@ void PenFrame::commitShape()
 {
     if (background()->isNull())
         return;
+    computeRect();
     QPainter painter(paintDevice());
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setClipRect(drawRect);
