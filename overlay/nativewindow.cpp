@@ -66,6 +66,12 @@ void NativeWindow::raiseAboveAll()
     platform().raiseAboveAll(*widget.windowHandle());
 }
 
+void NativeWindow::takeKeyboard()
+{
+    if (widget.isVisible())
+        platform().takeKeyboard(*widget.windowHandle());
+}
+
 bool NativeWindow::eventFilter(QObject* watched, QEvent* event)
 {
     if (watched == &widget)

@@ -23,6 +23,7 @@ public:
     void setIgnoresMouse(bool ignore);
     void setOpaque(bool opaque);
     void raiseAboveAll();
+    void takeKeyboard();
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -24,6 +24,8 @@ public:
                                 const std::optional<QRegion>& region) const = 0;
     virtual void setOpaque(const QWindow& window, bool opaque) const = 0;
     virtual void raiseAboveAll(QWindow& window) const = 0;
+    /// Gives the keyboard to a window that is shown.
+    virtual void takeKeyboard(QWindow& window) const = 0;
 };
 
 /// The window system of a platform plug-in's name; one that does nothing for names it does not know.

@@ -18,4 +18,9 @@ void WindowPlatformNone::raiseAboveAll(QWindow& window) const
     window.raise();
 }
 
+void WindowPlatformNone::takeKeyboard(QWindow& window) const
+{
+    window.requestActivate();
+}
+
 }

@@ -11,6 +11,7 @@ public:
     void setInputRegion(const QWindow& window, const std::optional<QRegion>& region) const override;
     void setOpaque(const QWindow& window, bool opaque) const override;
     void raiseAboveAll(QWindow& window) const override;
+    void takeKeyboard(QWindow& window) const override;
 };
 
 }

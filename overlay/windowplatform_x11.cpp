@@ -67,4 +67,12 @@ void WindowPlatformX11::raiseAboveAll(QWindow& window) const
     window.raise();
 }
 
+void WindowPlatformX11::takeKeyboard(QWindow& window) const
+{
+    if (X11::windowManagerName().isEmpty())
+        window.requestActivate();
+    else
+        X11::activate(window.winId());
+}
+
 }

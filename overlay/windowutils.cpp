@@ -30,6 +30,11 @@ void bringToMegaTop(QWidget* widget)
     NativeWindow::of(*widget).raiseAboveAll();
 }
 
+void takeKeyboard(QWidget* widget)
+{
+    NativeWindow::of(*widget).takeKeyboard();
+}
+
 int findScreenHoldingMouse()
 {
     QList<QRect> geometries;

@@ -67,6 +67,9 @@ void ActionFrame::closeAction()
 
 void ActionFrame::mousePressEvent(QMouseEvent* /*event*/)
 {
+    // The toolkit asks for it only if it knows that the frame has lost the keyboard, which it learns
+    // a tenth of a second after the fact.
+    activateWindow();
     if (toolbar)
         toolbar->fadeOut();
     updateCursor();

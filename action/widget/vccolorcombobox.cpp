@@ -3,6 +3,7 @@
 #include "action/toolbar/actiontoolbar.h"
 #include "action/widget/wheelsteps.h"
 #include "overlay/layerpixmap.h"
+#include "overlay/windowutils.h"
 
 #include <QColorDialog>
 #include <QTimer>
@@ -16,9 +17,10 @@ namespace {
 
 constexpr QSize swatchSize(35, 35);
 constexpr auto pickImage = ":/resource/action/common/Img/cbPick.png";
-constexpr auto listSheet = "VcAction--Widget--VcColorComboBox QListView{ min-width: 8em;}";
-// Xfwm4 loses an activation asked for while it still takes the dialog down; 100 ms later it never did.
+// Xfwm4 hands the keyboard on while it still takes the dialog down, whatever it is asked meanwhile;
+// 100 ms later it never did.
 constexpr int dialogGoneMs = 100;
+constexpr auto listSheet = "VcAction--Widget--VcColorComboBox QListView{ min-width: 8em;}";
 
 }
 
@@ -80,8 +82,8 @@ void VcColorComboBox::openColorDialog()
         setCurrentIndex(lastIndex);
 
     // Not every window manager hands the keyboard back to the frame when its dialog is gone.
-    window()->activateWindow();
-    QTimer::singleShot(dialogGoneMs, window(), &QWidget::activateWindow);
+    Helpers::NQt::Utils::takeKeyboard(this);
+    QTimer::singleShot(dialogGoneMs, this, [this] { Helpers::NQt::Utils::takeKeyboard(this); });
 }
 
 void VcColorComboBox::chooseCustomColor(QColor color)

@@ -5,6 +5,7 @@
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
 
+#include <algorithm>
 #include <array>
 #include <cstdlib>
 #include <memory>
@@ -59,6 +60,21 @@ xcb_window_t toWindow(WId window)
     return static_cast<xcb_window_t>(window);
 }
 
+// A request of the Extended Window Manager Hints, by client message to the root window.
+void askWindowManager(WId window, QByteArrayView request, std::initializer_list<quint32> data)
+{
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = toWindow(window);
+    message.type = atom(request);
+    std::copy(data.begin(), data.end(), message.data.data32);
+    xcb_send_event(connection(), false, rootWindow(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection());
+}
+
 }
 
 bool isAvailable()
@@ -91,18 +107,18 @@ void setWindowLayer(WId window, const System::WindowLayer& layer)
 
 void keepAbove(WId window)
 {
-    // Extended Window Manager Hints: action 1 adds the state, source 1 is a normal application.
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = toWindow(window);
-    message.type = atom("_NET_WM_STATE");
-    message.data.data32[0] = 1;
-    message.data.data32[1] = atom("_NET_WM_STATE_ABOVE");
-    message.data.data32[3] = 1;
-    xcb_send_event(connection(), false, rootWindow(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char*>(&message));
+    // Action 1 adds the state, source 1 is a normal application.
+    askWindowManager(window, "_NET_WM_STATE", {1, atom("_NET_WM_STATE_ABOVE"), 0, 1});
+}
+
+void activate(WId window)
+{
+    // Source 2 is the user. Time 0 is that of the request: a time of the last event would be older than
+    // the window manager's own change of the focus, and the server would ignore it.
+    askWindowManager(window, "_NET_ACTIVE_WINDOW", {2, 0});
+    // Xfwm4 (seen in 4.18) takes a dock for focused already when its dialog is gone, and the keyboard
+    // is nobody's.
+    xcb_set_input_focus(connection(), XCB_INPUT_FOCUS_PARENT, toWindow(window), XCB_CURRENT_TIME);
     xcb_flush(connection());
 }
 

@@ -29,6 +29,9 @@ void setWindowLayer(WId window, const System::WindowLayer& layer);
 /// Asks the window manager to keep a mapped window above others.
 void keepAbove(WId window);
 
+/// Gives a mapped window the keyboard, and tells the window manager that the user wants it.
+void activate(WId window);
+
 /// Sets a property to a list of cardinals.
 void setCardinals(WId window, const char* property, std::initializer_list<quint32> values);
 void deleteProperty(WId window, const char* property);
