@@ -1,0 +1,90 @@
+#include "tests/action/probes.h"
+#include "tests/support/eventloop.h"
+
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QTest>
+#include <QWindow>
+
+using ActionTest::FrameProbe;
+using ActionTest::PaletteProbe;
+
+/// Who has the keyboard, on a real window system without a window manager.
+class FrameActivationTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { QTest::failOnWarning(QRegularExpression(".?")); }
+
+    void raisedItTakesTheKeyboard();
+    void notRaisedItLeavesTheKeyboardWhereItIs();
+    void itsPictureIsTakenBeforeItIsShown();
+};
+
+void FrameActivationTest::raisedItTakesTheKeyboard()
+{
+    // Given
+    QLineEdit other;
+    other.setGeometry(900, 600, 200, 50);
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    FrameProbe frame;
+    PaletteProbe palette(&frame);
+    frame.setToolbar(&palette);
+
+    // When
+    frame.start(true);
+
+    // Then
+    QVERIFY(QTest::qWaitForWindowActive(&frame));
+    QCOMPARE(QApplication::focusWidget(), &frame);
+}
+
+void FrameActivationTest::notRaisedItLeavesTheKeyboardWhereItIs()
+{
+    // Given
+    QLineEdit other;
+    other.setGeometry(900, 600, 200, 50);
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    FrameProbe frame;
+    PaletteProbe palette(&frame);
+    frame.setToolbar(&palette);
+
+    // When
+    frame.start(false);
+
+    // Then
+    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+    QVERIFY(palette.isVisible());
+    QCOMPARE(TestSupport::statusAfter([] {}), TestSupport::stillRunning);
+    QCOMPARE(QApplication::activeWindow(), &other);
+}
+
+void FrameActivationTest::itsPictureIsTakenBeforeItIsShown()
+{
+    // Given
+    QWidget below;
+    below.setPalette(QColor(10, 200, 30));
+    below.setWindowFlags(Qt::X11BypassWindowManagerHint);
+    below.setGeometry(0, 0, 400, 400);
+    below.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&below));
+    QTRY_COMPARE(
+        QGuiApplication::primaryScreen()->grabWindow(0, 50, 50, 1, 1).toImage().pixelColor(0, 0),
+        QColor(10, 200, 30));
+    FrameProbe frame;
+
+    // When
+    frame.start(true);
+    QVERIFY(QTest::qWaitForWindowExposed(&frame));
+
+    // Then
+    QCOMPARE(frame.background()->toImage().pixelColor(50, 50), QColor(10, 200, 30));
+}
+
+QTEST_MAIN(FrameActivationTest)
+#include "frameactivationtest.moc"

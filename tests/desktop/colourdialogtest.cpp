@@ -1,0 +1,152 @@
+#include "tests/desktop/harness/desktoptest.h"
+
+#include <X11/keysym.h>
+
+/// The colour dialog, opened by the last entry of the colour list, with each window manager and with none.
+class ColourDialogTest : public DesktopTest {
+    Q_OBJECT
+
+private slots:
+    void itOpensAboveTheFrameWithTheKeyboard_data() { addWindowManagers(); }
+    void itOpensAboveTheFrameWithTheKeyboard();
+    void escapeClosesOnlyTheDialog_data() { addWindowManagers(); }
+    void escapeClosesOnlyTheDialog();
+    void aColourTypedInIsTaken_data() { addWindowManagers(); }
+    void aColourTypedInIsTaken();
+    void aSecondColourReplacesTheFirst();
+    void aPresetColourAddsNoEntry();
+    void thePaletteStaysBrightMeanwhile();
+
+private:
+    static constexpr QPoint Away{100, 700};
+
+    [[nodiscard]] xcb_window_t dialog() const { return desktop->controls.colourDialog(); }
+    /// Opens it, types the colour's name into its field, confirms, and waits until the frame has the keyboard again.
+    [[nodiscard]] bool pick(const QByteArray& name, const Program& korvel) const;
+};
+
+bool ColourDialogTest::pick(const QByteArray& name, const Program& korvel) const
+{
+    if (!desktop->controls.openColourDialog(korvel))
+        return false;
+    desktop->keyboard.strikeWith(XK_Alt_L, 'h'); // to the field "HTML", all selected
+    desktop->keyboard.type(name);
+    desktop->keyboard.strike(XK_Return);
+    return eventually([&] { return dialog() == XCB_NONE && korvel.hasKeyboard(); });
+}
+
+void ColourDialogTest::itOpensAboveTheFrameWithTheKeyboard()
+{
+    // given
+    QFETCH(WindowManager::Kind, kind);
+    QVERIFY(startWindowManager(kind));
+    const Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    QVERIFY(desktop->controls.openColourDialog(korvel));
+
+    // then
+    QVERIFY(desktop->windows.isAbove(dialog(), korvel.frame()));
+    QVERIFY(desktop->screen.area().contains(desktop->windows.geometry(dialog())));
+}
+
+void ColourDialogTest::escapeClosesOnlyTheDialog()
+{
+    // given
+    QFETCH(WindowManager::Kind, kind);
+    QVERIFY(startWindowManager(kind));
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    QVERIFY(desktop->controls.openColourDialog(korvel));
+
+    // when
+    desktop->keyboard.strike(XK_Escape);
+
+    // then
+    EVENTUALLY(dialog() == XCB_NONE);
+    EVENTUALLY(korvel.hasKeyboard());
+    QVERIFY(parkPointer(Away, Qt::yellow));
+    QCOMPARE(korvel.status(), ChildProcess::Running);
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+}
+
+void ColourDialogTest::aColourTypedInIsTaken()
+{
+    // given
+    QFETCH(WindowManager::Kind, kind);
+    QVERIFY(startWindowManager(kind));
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    QVERIFY(pick("#12ab56", korvel));
+
+    // then
+    const QColor picked(0x12, 0xab, 0x56);
+    desktop->pointer.drag(line({200, 200}, {400, 200}));
+    QVERIFY(parkPointer(Away, picked));
+    QCOMPARE(desktop->screen.colourAt({300, 200}), picked);
+    desktop->keyboard.strike(XK_Escape); // without a click since the dialog closed
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+}
+
+void ColourDialogTest::aSecondColourReplacesTheFirst()
+{
+    // given
+    const Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    QVERIFY(pick("#123456", korvel));
+
+    // when
+    QVERIFY(pick("#abcdef", korvel));
+
+    // then
+    QVERIFY(parkPointer(Away, QColor(0xab, 0xcd, 0xef)));
+    desktop->pointer.turn(Pointer::Wheel::AwayFromUser);
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(Away), QColor(Qt::black));
+    desktop->pointer.turn(Pointer::Wheel::TowardsUser, 2);
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(Away), QColor(Qt::red));
+}
+
+void ColourDialogTest::aPresetColourAddsNoEntry()
+{
+    // given
+    const Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    QVERIFY(pick("#0000ff", korvel));
+
+    // then
+    QVERIFY(parkPointer(Away, Qt::blue));
+    desktop->pointer.turn(Pointer::Wheel::TowardsUser, 3); // purple, black, and no more entry
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(Away), QColor(Qt::red));
+}
+
+void ColourDialogTest::thePaletteStaysBrightMeanwhile()
+{
+    // given
+    const Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    QVERIFY(desktop->controls.openColourDialog(korvel));
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(desktop->palette.sizeIcon()), QColor(Qt::black));
+
+    // when
+    desktop->pointer.moveTo(Away);
+    desktop->keyboard.strikeWith(XK_Alt_L, 'h');
+    desktop->keyboard.type("#0a3c50");
+
+    // then
+    // The dialog shows the typed colour, so all that came before has been dealt with.
+    const auto showsTheColour = [&] {
+        const QImage picture = desktop->screen.grab(desktop->windows.geometry(dialog()));
+        return contains(picture, QColor(0x0a, 0x3c, 0x50));
+    };
+    EVENTUALLY(showsTheColour());
+    QCOMPARE(desktop->screen.colourAt(desktop->palette.sizeIcon()), QColor(Qt::black));
+}
+
+QTEST_GUILESS_MAIN(ColourDialogTest)
+#include "colourdialogtest.moc"

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QColor>
+#include <QRect>
+
+#include <xcb/xcb.h>
+
+class XConnection;
+
+/// A window of another program, filled with one colour, for overlays to get along with. Gone with this object.
+class ClientWindow {
+public:
+    enum class Kind {
+        Ordinary,
+        AlwaysOnTop,
+        Dock, ///< reserves its side of the screen, top or bottom, as panels do
+        Unmanaged, ///< of no concern to the window manager, as tooltips are
+    };
+
+    /// @param place  in screen coordinates, device pixels; the window manager may choose another
+    ClientWindow(const XConnection& connection, Kind kind, QRect place, QColor colour);
+    ClientWindow(const ClientWindow&) = delete;
+    ClientWindow& operator=(const ClientWindow&) = delete;
+    ~ClientWindow();
+
+    [[nodiscard]] xcb_window_t id() const { return window; }
+    /// Asks for it to be shown, once more if need be; the constructor has asked already.
+    void show() const;
+    /// Paints it anew in another colour, as far as it is to be seen.
+    void fill(QColor colour) const;
+    /// Gets the keys from now on; for screens without a window manager.
+    void takeKeyboard() const;
+
+private:
+    void create(QRect place, QColor colour, bool unmanaged);
+    void askForPlace(QRect place);
+    void askForNoDecoration();
+    void stayOnTop();
+    void becomeDock(QRect place);
+    void setProperty(const char* name, xcb_atom_t type, const QList<uint32_t>& values);
+
+    const XConnection& x;
+    const xcb_window_t window;
+};

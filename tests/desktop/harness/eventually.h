@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QTest>
+
+#include <chrono>
+
+/// How long a test waits for something that must happen, before it counts as failed: 20 seconds, times the number in
+/// the environment variable KORVEL_TEST_PATIENCE, for machines under a debugger or a heavy load.
+[[nodiscard]] std::chrono::milliseconds patience();
+
+/// Looks at the condition every few milliseconds until it holds. False when the patience has run out.
+template <typename Condition> [[nodiscard]] bool eventually(Condition condition)
+{
+    return QTest::qWaitFor(condition, static_cast<int>(patience().count()));
+}
+
+/// Fails the test function, naming the condition, unless it comes true in time.
+#define EVENTUALLY(condition)                                                                      \
+    QVERIFY2(eventually([&] { return static_cast<bool>(condition); }), #condition)
+
+/// Fails the test function, showing both values, unless they become equal in time.
+#define EVENTUALLY_COMPARE(actual, expected)                                                       \
+    do {                                                                                           \
+        static_cast<void>(eventually([&] { return (actual) == (expected); }));                     \
+        QCOMPARE(actual, expected);                                                                \
+    } while (false)

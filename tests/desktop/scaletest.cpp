@@ -1,0 +1,187 @@
+#include "tests/desktop/harness/desktoptest.h"
+#include "tests/desktop/harness/ink.h"
+
+/// Dense screens: the picture stays in device pixels, what is the program's own grows with the scale.
+class ScaleTest : public DesktopTest {
+    Q_OBJECT
+
+private slots:
+    void theFrameCoversTheScreen_data() { addScales(); }
+    void theFrameCoversTheScreen();
+    void thePictureIsOneToOne_data() { addScales(); }
+    void thePictureIsOneToOne();
+    void thePictureIsOneToOneWhereADotPassed_data() { addScales(); }
+    void thePictureIsOneToOneWhereADotPassed();
+    void inkGrowsAndStaysCrisp_data() { addScales(); }
+    void inkGrowsAndStaysCrisp();
+    void thePaletteGrowsToo_data() { addScales(); }
+    void thePaletteGrowsToo();
+    void theCloseButtonIsWhereItShows_data() { addScales(); }
+    void theCloseButtonIsWhereItShows();
+    void theDensityOfTheDesktopIsTheScale();
+
+private:
+    static constexpr int PenSize = 20; // logical pixels
+
+    static void addScales();
+    [[nodiscard]] Launch launchAt(const QByteArray& scale) const
+    {
+        return {.arguments = {QByteArray::number(PenSize), "0", "0", "0"},
+                .environment = {{"QT_SCALE_FACTOR", scale}}};
+    }
+    [[nodiscard]] PaletteLayout palette(const QByteArray& scale) const
+    {
+        return PaletteLayout(desktop->x.size(), scale.toDouble());
+    }
+    /// What is not the frozen desktop: the palette and the dot under the pointer.
+    [[nodiscard]] QList<QRect> ownAreas(const QByteArray& scale) const;
+};
+
+void ScaleTest::addScales()
+{
+    QTest::addColumn<QByteArray>("scale");
+
+    for (const QByteArray scale : {"1", "1.25", "1.5", "2"})
+        QTest::newRow(scale.constData()) << scale;
+}
+
+QList<QRect> ScaleTest::ownAreas(const QByteArray& scale) const
+{
+    constexpr int roundingMargin =
+        3; // a corner at whole logical pixels need not be one in device pixels
+    const int dot = qCeil(PenSize * scale.toDouble());
+    const QPoint pointer = desktop->pointer.position();
+    return {palette(scale).area().adjusted(-roundingMargin, -roundingMargin, roundingMargin,
+                                           roundingMargin),
+            QRect(pointer - QPoint(dot, dot), QSize(2 * dot, 2 * dot))};
+}
+
+void ScaleTest::theFrameCoversTheScreen()
+{
+    // given
+    QFETCH(QByteArray, scale);
+
+    // when
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+
+    // then
+    QCOMPARE(desktop->windows.geometry(korvel.frame()), desktop->screen.area());
+}
+
+void ScaleTest::thePictureIsOneToOne()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    desktop->backdrop.paintPattern();
+
+    // when
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+    desktop->backdrop.fill(Qt::white); // from here on, only the frame shows the pattern
+
+    // then
+    const QImage expected = blanked(Backdrop::pattern(desktop->x.size()), ownAreas(scale));
+    EVENTUALLY_COMPARE(blanked(desktop->screen.grab(), ownAreas(scale)), expected);
+}
+
+void ScaleTest::thePictureIsOneToOneWhereADotPassed()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    desktop->backdrop.paintPattern();
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+    desktop->backdrop.fill(Qt::white);
+
+    // when
+    for (const QPoint& point : line({3, 5}, {1277, 301}, 7) + line({1201, 207}, {7, 789}, 13))
+        desktop->pointer.moveTo(point);
+
+    // then
+    QVERIFY(parkPointer({200, 300}, Qt::black));
+    const QImage expected = blanked(Backdrop::pattern(desktop->x.size()), ownAreas(scale));
+    QCOMPARE(blanked(desktop->screen.grab(), ownAreas(scale)), expected);
+}
+
+void ScaleTest::inkGrowsAndStaysCrisp()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    desktop->pointer.drag({{300, 300}, {600, 300}});
+
+    // then
+    QVERIFY(parkPointer({100, 700}, Qt::black));
+    const Ink stroke(desktop->screen.grab({450, 200, 1, 200}), Qt::white, Qt::black);
+    const qreal expected = PenSize * scale.toDouble();
+    QVERIFY2(qAbs(stroke.acrossColumn(0) - expected) <= 1,
+             qPrintable(QString::number(stroke.acrossColumn(0))));
+    int softPixels = 0;
+    for (int row = 0; row < 200; ++row) {
+        const qreal coverage = stroke.coverage({0, row});
+        if (coverage > 0.02 && coverage < 0.98)
+            ++softPixels;
+    }
+    constexpr int onePixelForEachEdge = 2;
+    QVERIFY(softPixels <= onePixelForEachEdge);
+}
+
+void ScaleTest::thePaletteGrowsToo()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    desktop->pointer.moveTo(palette(scale).handle());
+
+    // then
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(palette(scale).swatch()), QColor(Qt::black));
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(palette(scale).sizeIcon()), QColor(Qt::black));
+    const QRect area = palette(scale).area();
+    for (const QPoint& outside : {area.topLeft() - QPoint(3, 3), area.bottomRight() + QPoint(3, 3)})
+        QCOMPARE(desktop->screen.colourAt(outside), QColor(Qt::white));
+}
+
+void ScaleTest::theCloseButtonIsWhereItShows()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    desktop->pointer.click(palette(scale).closeButton());
+
+    // then
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+}
+
+void ScaleTest::theDensityOfTheDesktopIsTheScale()
+{
+    // given
+    const QByteArray resources("Xft.dpi:\t192\n"); // as desktops tell it; 96 is scale 1
+    xcb_change_property(desktop->x.raw(), XCB_PROP_MODE_REPLACE, desktop->x.root(),
+                        XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
+                        static_cast<uint32_t>(resources.size()), resources.constData());
+    desktop->backdrop.paintPattern();
+
+    // when
+    const Program korvel(*desktop, {.arguments = {"20", "0", "0", "0"}});
+    EVENTUALLY(korvel.isReady());
+    desktop->backdrop.fill(Qt::white);
+
+    // then
+    const QImage expected = blanked(Backdrop::pattern(desktop->x.size()), ownAreas("2"));
+    EVENTUALLY_COMPARE(blanked(desktop->screen.grab(), ownAreas("2")), expected);
+    desktop->pointer.moveTo(palette("2").handle());
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(palette("2").swatch()), QColor(Qt::black));
+}
+
+QTEST_GUILESS_MAIN(ScaleTest)
+#include "scaletest.moc"

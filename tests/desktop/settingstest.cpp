@@ -1,0 +1,90 @@
+#include "tests/desktop/harness/desktoptest.h"
+
+#include <QDir>
+#include <QSettings>
+
+/// What a run leaves behind: two values in the settings file and nothing else.
+class SettingsTest : public DesktopTest {
+    Q_OBJECT
+
+private slots:
+    void aRunWritesTwoValuesAndNothingElse();
+    void whatTheUserEditedIsOverwritten();
+    void valuesOfOthersAreKept();
+
+private:
+    /// Starts the program, draws, ends it. Tells whether all went well.
+    [[nodiscard]] bool runToItsEnd(const QByteArray& workingDirectory = "/") const;
+    [[nodiscard]] bool writeSettings(const QByteArray& text) const;
+    [[nodiscard]] QString setting(const QString& key) const;
+};
+
+bool SettingsTest::runToItsEnd(const QByteArray& workingDirectory) const
+{
+    Program korvel(*desktop, {.workingDirectory = workingDirectory});
+    if (!eventually([&] { return korvel.isReady(); }))
+        return false;
+    desktop->pointer.drag(line({200, 200}, {400, 300}));
+    korvel.process().send(SIGTERM);
+    return eventually([&] { return korvel.status() == 0; });
+}
+
+bool SettingsTest::writeSettings(const QByteArray& text) const
+{
+    QFile file(desktop->home.settingsFile());
+    return QDir().mkpath(QFileInfo(file).path()) && file.open(QFile::WriteOnly)
+        && file.write(text) == text.size();
+}
+
+QString SettingsTest::setting(const QString& key) const
+{
+    return QSettings(desktop->home.settingsFile(), QSettings::IniFormat).value(key).toString();
+}
+
+void SettingsTest::aRunWritesTwoValuesAndNothingElse()
+{
+    // given
+    const QTemporaryDir elsewhere;
+
+    // when
+    QVERIFY(runToItsEnd(QFile::encodeName(elsewhere.path())));
+
+    // then
+    const QSettings settings(desktop->home.settingsFile(), QSettings::IniFormat);
+    QCOMPARE(settings.allKeys(), QStringList({"langFile", "resourceFile"}));
+    QCOMPARE(setting("langFile"), "vellumcraft");
+    QCOMPARE(setting("resourceFile"), "vellumcraft.rcc");
+    QCOMPARE(desktop->home.contents(),
+             QStringList({".config", ".config/Varnholt", ".config/Varnholt/Korvel.conf"}));
+    QVERIFY(QDir(elsewhere.path()).isEmpty());
+}
+
+void SettingsTest::whatTheUserEditedIsOverwritten()
+{
+    // given
+    QVERIFY(writeSettings("[General]\nlangFile=klingon\nresourceFile=/nowhere/else.rcc\n"));
+
+    // when
+    QVERIFY(runToItsEnd());
+
+    // then
+    QCOMPARE(setting("langFile"), "vellumcraft");
+    QCOMPARE(setting("resourceFile"), "vellumcraft.rcc");
+}
+
+void SettingsTest::valuesOfOthersAreKept()
+{
+    // given
+    QVERIFY(writeSettings("[General]\nmine=kept\n\n[Other]\ndeep=also kept\n"));
+
+    // when
+    QVERIFY(runToItsEnd());
+
+    // then
+    QCOMPARE(setting("mine"), "kept");
+    QCOMPARE(setting("Other/deep"), "also kept");
+    QCOMPARE(setting("langFile"), "vellumcraft");
+}
+
+QTEST_GUILESS_MAIN(SettingsTest)
+#include "settingstest.moc"

@@ -1,0 +1,85 @@
+#include "overlay/desktopgrab.h"
+#include "overlay/transparentframe.h"
+
+#include <QGuiApplication>
+#include <QPainter>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QTest>
+
+using namespace Helpers::NQt;
+
+namespace {
+
+constexpr int screenshotEngine = 0;
+constexpr QRect square{3, 4, 5, 6};
+
+/// A frame that draws one black square.
+class DrawingFrame : public TransparentFrame {
+public:
+    DrawingFrame()
+        : TransparentFrame(nullptr, screenshotEngine, 40, 30)
+    {
+    }
+
+    void draw(QPaintDevice* device) override { QPainter(device).fillRect(square, Qt::black); }
+};
+
+}
+
+/// What is left of the frame where the window system refuses every picture.
+class FailedGrabTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { QTest::failOnWarning(QRegularExpression(".?")); }
+    void aPictureIsNull();
+    void onlyTheContentIsPainted();
+    void aResizeFailsAgain();
+};
+
+void FailedGrabTest::aPictureIsNull()
+{
+    // given
+    QScreen& screen = *QGuiApplication::primaryScreen();
+
+    // then
+    QVERIFY(grabArea(screen.geometry(), screen).isNull());
+    QVERIFY(grabArea(QRect(1, 2, 3, 4), screen).isNull());
+    QVERIFY(grabDesktop(screen).isNull());
+}
+
+void FailedGrabTest::onlyTheContentIsPainted()
+{
+    // given
+    DrawingFrame frame;
+    QImage seen(40, 30, QImage::Format_RGB32);
+    seen.fill(Qt::magenta);
+    QImage expected = seen;
+    QPainter(&expected).fillRect(square, Qt::black);
+
+    // when
+    frame.render(&seen, QPoint(), QRegion(), QWidget::RenderFlags());
+
+    // then
+    QVERIFY(frame.background()->isNull());
+    QCOMPARE(frame.paintDevice(), static_cast<QPaintDevice*>(frame.background()));
+    QCOMPARE(seen, expected);
+}
+
+void FailedGrabTest::aResizeFailsAgain()
+{
+    // given
+    DrawingFrame frame;
+    frame.show();
+    *frame.background() = QPixmap(40, 30);
+
+    // when
+    frame.resize(60, 50);
+
+    // then
+    QTRY_VERIFY(frame.background()->isNull());
+}
+
+QTEST_MAIN(FailedGrabTest)
+#include "failedgrabtest.moc"

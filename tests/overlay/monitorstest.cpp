@@ -1,0 +1,268 @@
+#include "overlay/desktopgrab.h"
+#include "overlay/transparentframe.h"
+#include "overlay/windowutils.h"
+
+#include "tests/desktop/harness/backdrop.h"
+#include "tests/desktop/harness/xconnection.h"
+
+#include <QApplication>
+#include <QCursor>
+#include <QPainter>
+#include <QProcess>
+#include <QRegularExpression>
+#include <QScreen>
+#include <QTest>
+#include <QWindow>
+
+using namespace Helpers::NQt;
+
+namespace {
+
+constexpr int screenshotEngine = 0;
+
+// In device pixels. There is nothing above the right one and below the left one.
+constexpr QRect left(0, 0, 700, 500);
+constexpr QRect right(700, 300, 580, 500);
+
+/// Divides the server's one screen.
+bool setMonitor(const QString& name, const QRect& place, const QString& output)
+{
+    const QString geometry = QStringLiteral("%1/%1x%2/%2+%3+%4")
+                                 .arg(place.width())
+                                 .arg(place.height())
+                                 .arg(place.x())
+                                 .arg(place.y());
+    return QProcess::execute("xrandr", {"--setmonitor", name, geometry, output}) == 0;
+}
+
+QImage pixels(const QPixmap& picture)
+{
+    QImage image = picture.toImage().convertToFormat(QImage::Format_RGB32);
+    image.setDevicePixelRatio(1.0);
+    return image;
+}
+
+}
+
+/// Two screens side by side, of the same density or not.
+class MonitorsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void initTestCase();
+    void init() { QTest::failOnWarning(QRegularExpression(".?")); }
+    void thePointersScreenIsFound_data();
+    void thePointersScreenIsFound();
+    void theWholeDesktopIsPutTogether();
+    void aScreenIsGrabbedAlone_data();
+    void aScreenIsGrabbedAlone();
+    void aPartOfTheSecondScreenIsGrabbed();
+    void anAreaOverBothIsPutTogether();
+    void aFrameOpensOnThePointersScreen_data();
+    void aFrameOpensOnThePointersScreen();
+    void onTheFirstScreenAFrameShowsItsPlace();
+    void onTheSecondScreenAFrameShowsTheWholeDesktop();
+    void onTheSecondScreenTheWholeDesktopIsShownFromItsCorner();
+
+private:
+    [[nodiscard]] static bool putPointer(const QScreen& screen);
+
+    const XConnection x{qgetenv("DISPLAY")};
+    const Backdrop backdrop{x};
+    /// What there is to see: black where there is no screen.
+    QImage desktop;
+    QScreen* first = nullptr;
+    QScreen* second = nullptr;
+};
+
+void MonitorsTest::initTestCase()
+{
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    QCOMPARE(screens.size(), 2);
+    first = screens[0];
+    second = screens[1];
+    QCOMPARE(first->geometry().topLeft(), left.topLeft());
+    QCOMPARE(second->geometry().topLeft(), right.topLeft());
+
+    backdrop.paintPattern();
+    const QImage pattern = Backdrop::pattern(x.size());
+    desktop = QImage(x.size(), QImage::Format_RGB32);
+    desktop.fill(Qt::black);
+    QPainter painter(&desktop);
+    for (const QRect& screen : {left, right})
+        painter.drawImage(screen.topLeft(), pattern, screen);
+}
+
+bool MonitorsTest::putPointer(const QScreen& screen)
+{
+    const QPoint point = screen.geometry().topLeft() + QPoint(20, 20);
+    QCursor::setPos(point);
+    return QTest::qWaitFor([point] { return QCursor::pos() == point; });
+}
+
+void MonitorsTest::thePointersScreenIsFound_data()
+{
+    QTest::addColumn<int>("screen");
+
+    QTest::newRow("first") << 0;
+    QTest::newRow("second") << 1;
+}
+
+void MonitorsTest::thePointersScreenIsFound()
+{
+    // given
+    QFETCH(int, screen);
+    QVERIFY(putPointer(*QGuiApplication::screens()[screen]));
+
+    // then
+    QCOMPARE(Utils::findScreenHoldingMouse(), screen);
+}
+
+void MonitorsTest::theWholeDesktopIsPutTogether()
+{
+    // when
+    const QPixmap picture = grabDesktop(*second);
+
+    // then
+    QCOMPARE(picture.devicePixelRatio(), second->devicePixelRatio());
+    QCOMPARE(pixels(picture), desktop);
+}
+
+void MonitorsTest::aScreenIsGrabbedAlone_data()
+{
+    QTest::addColumn<int>("screen");
+    QTest::addColumn<QRect>("place");
+
+    QTest::newRow("first") << 0 << left;
+    QTest::newRow("second") << 1 << right;
+}
+
+void MonitorsTest::aScreenIsGrabbedAlone()
+{
+    // given
+    QFETCH(int, screen);
+    QFETCH(QRect, place);
+    QScreen& wanted = *QGuiApplication::screens()[screen];
+
+    // when
+    const QPixmap picture = grabArea(wanted.geometry(), wanted);
+
+    // then
+    QCOMPARE(picture.devicePixelRatio(), wanted.devicePixelRatio());
+    QCOMPARE(pixels(picture), desktop.copy(place));
+}
+
+void MonitorsTest::aPartOfTheSecondScreenIsGrabbed()
+{
+    // given
+    const qreal ratio = second->devicePixelRatio();
+    const QRect area(second->geometry().topLeft() + QPoint(10, 20), QSize(100, 50));
+
+    // when
+    const QPixmap picture = grabArea(area, *second);
+
+    // then
+    const QRect place(right.topLeft() + (QPointF(10, 20) * ratio).toPoint(),
+                      (QSizeF(100, 50) * ratio).toSize());
+    QCOMPARE(pixels(picture), desktop.copy(place));
+}
+
+void MonitorsTest::anAreaOverBothIsPutTogether()
+{
+    // given: it begins on the first screen and ends on the second, in device pixels
+    const qreal ratio = first->devicePixelRatio();
+    const QRect place(600, 200, 300, 240);
+    const QRect area((QPointF(place.topLeft()) / ratio).toPoint(),
+                     (QSizeF(place.size()) / ratio).toSize());
+
+    // when
+    const QPixmap picture = grabArea(area, *first);
+
+    // then
+    QCOMPARE(picture.devicePixelRatio(), ratio);
+    QCOMPARE(pixels(picture), desktop.copy(place));
+}
+
+void MonitorsTest::aFrameOpensOnThePointersScreen_data()
+{
+    QTest::addColumn<int>("screen");
+    QTest::addColumn<QSize>("asked");
+
+    QTest::newRow("first, whole") << 0 << QSize(0, 0);
+    QTest::newRow("first, smaller") << 0 << QSize(100, 80);
+    QTest::newRow("second, whole") << 1 << QSize(0, 0);
+    QTest::newRow("second, one side") << 1 << QSize(100, 0);
+    QTest::newRow("second, smaller") << 1 << QSize(100, 80);
+}
+
+void MonitorsTest::aFrameOpensOnThePointersScreen()
+{
+    // given
+    QFETCH(int, screen);
+    QFETCH(QSize, asked);
+    QScreen& home = *QGuiApplication::screens()[screen];
+    QVERIFY(putPointer(home));
+
+    // when
+    TransparentFrame frame(nullptr, screenshotEngine, asked.width(), asked.height());
+    frame.show();
+
+    // then
+    QCOMPARE(frame.windowHandle()->screen(), &home);
+    QCOMPARE(frame.pos(), home.geometry().topLeft());
+    QCOMPARE(frame.size(), asked.isEmpty() ? home.size() : asked);
+    QCOMPARE(frame.screen(), &home);
+    QCOMPARE(frame.devicePixelRatio(), home.devicePixelRatio());
+}
+
+void MonitorsTest::onTheFirstScreenAFrameShowsItsPlace()
+{
+    // given
+    QVERIFY(putPointer(*first));
+
+    // when
+    TransparentFrame frame(nullptr, screenshotEngine, 0, 0);
+
+    // then
+    QCOMPARE(pixels(*frame.background()), desktop.copy(left));
+}
+
+void MonitorsTest::onTheSecondScreenAFrameShowsTheWholeDesktop()
+{
+    // given
+    QVERIFY(putPointer(*second));
+
+    // when
+    TransparentFrame frame(nullptr, screenshotEngine, 100, 80);
+
+    // then
+    QCOMPARE(frame.background()->devicePixelRatio(), second->devicePixelRatio());
+    QCOMPARE(pixels(*frame.background()), desktop);
+}
+
+void MonitorsTest::onTheSecondScreenTheWholeDesktopIsShownFromItsCorner()
+{
+    // given
+    QVERIFY(putPointer(*second));
+    TransparentFrame frame(nullptr, screenshotEngine, 100, 80);
+
+    // when
+    const QPixmap seen = frame.grab();
+
+    // then
+    const QSize size = (QSizeF(100, 80) * second->devicePixelRatio()).toSize();
+    QCOMPARE(pixels(seen), desktop.copy(QRect(QPoint(0, 0), size)));
+}
+
+int main(int argc, char** argv)
+{
+    // Before the toolkit looks at the screens. The server forgets them when its last client leaves.
+    const XConnection staying(qgetenv("DISPLAY"));
+    if (!setMonitor("left", left, "screen") || !setMonitor("right", right, "none"))
+        return EXIT_FAILURE;
+    const QApplication application(argc, argv);
+    MonitorsTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "monitorstest.moc"

@@ -1,0 +1,252 @@
+#include "tests/pen/canvas.h"
+#include "tests/support/cursorstack.h"
+
+#include <QPaintEvent>
+#include <QRegion>
+#include <QRegularExpression>
+#include <QTest>
+
+using namespace PenTest;
+
+namespace {
+
+/// Notes what a widget is asked to paint.
+class PaintRecorder : public QObject {
+public:
+    explicit PaintRecorder(QWidget& widget) { widget.installEventFilter(this); }
+
+    int paints = 0;
+    QRegion region;
+
+protected:
+    bool eventFilter(QObject* /*watched*/, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint) {
+            ++paints;
+            region += static_cast<QPaintEvent*>(event)->region();
+        }
+        return false;
+    }
+};
+
+/// Whether all of the area was painted.
+bool covers(const QRegion& region, const QRect& area)
+{
+    return QRegion(area).subtracted(region).isEmpty();
+}
+
+int areaOf(const QRegion& region)
+{
+    int area = 0;
+    for (const QRect& rect : region)
+        area += rect.width() * rect.height();
+    return area;
+}
+
+}
+
+/// What is repainted: all that changes, at once, and little else.
+class RepaintRegionsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { QTest::failOnWarning(QRegularExpression(".?")); }
+    void cleanup() { TestSupport::takeOverrideCursors(); }
+
+    void aMoveRepaintsTheOldAndTheNewTip();
+    void aFarMoveRepaintsNothingBetweenTheTips();
+    void aMoveInAStrokeRepaintsTheNewSegment();
+    void aStrokesLengthDoesNotMatter();
+    void aPressRepaintsTheDot();
+    void aReleaseRepaintsTheLastSegment();
+    void aNewColourRepaintsTheTip();
+    void aNewSizeRepaintsTheLargerTip_data();
+    void aNewSizeRepaintsTheLargerTip();
+    void aShapeRepaintsItsOldAndNewBox();
+    void everyMoveIsPaintedAtOnce();
+};
+
+void RepaintRegionsTest::aMoveRepaintsTheOldAndTheNewTip()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.hoverTo({100, 100});
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.hoverTo({106, 100});
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(94, 94, 18, 12)));
+    QVERIFY(QRect(90, 90, 26, 20).contains(recorder.region.boundingRect()));
+}
+
+void RepaintRegionsTest::aFarMoveRepaintsNothingBetweenTheTips()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.hoverTo({50, 50});
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.hoverTo({350, 350});
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(45, 45, 10, 10)));
+    QVERIFY(covers(recorder.region, QRect(345, 345, 10, 10)));
+    QVERIFY(areaOf(recorder.region) < 2 * 20 * 20);
+}
+
+void RepaintRegionsTest::aMoveInAStrokeRepaintsTheNewSegment()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.press({100, 100});
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.moveTo({150, 100});
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(95, 95, 60, 10)));
+    QVERIFY(QRect(88, 88, 74, 24).contains(recorder.region.boundingRect()));
+}
+
+void RepaintRegionsTest::aStrokesLengthDoesNotMatter()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.press({50, 50});
+    for (int round = 0; round < 20; ++round)
+        canvas.moveTo(round % 2 == 0 ? QPointF(350, 50 + 10 * round)
+                                     : QPointF(50, 50 + 10 * round));
+    canvas.moveTo({200, 300});
+    canvas.moveTo({202, 300});
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.moveTo({204, 300});
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(197, 295, 12, 10)));
+    QVERIFY(areaOf(recorder.region) < 30 * 30);
+}
+
+void RepaintRegionsTest::aPressRepaintsTheDot()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.hoverTo({300, 300});
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.press({100, 100});
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(95, 95, 10, 10)));
+    QVERIFY(covers(recorder.region, QRect(295, 295, 10, 10)));
+    QVERIFY(areaOf(recorder.region) < 2 * 20 * 20);
+}
+
+void RepaintRegionsTest::aReleaseRepaintsTheLastSegment()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.press({100, 100});
+    canvas.moveTo({150, 100});
+    canvas.moveTo({160, 100});
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.release({160, 100});
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(145, 95, 20, 10)));
+    QVERIFY(areaOf(recorder.region) < 30 * 30);
+}
+
+void RepaintRegionsTest::aNewColourRepaintsTheTip()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.hoverTo({100, 100});
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.frame.setPen(Qt::blue);
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(95, 95, 10, 10)));
+    QVERIFY(areaOf(recorder.region) < 20 * 20);
+}
+
+void RepaintRegionsTest::aNewSizeRepaintsTheLargerTip_data()
+{
+    QTest::addColumn<int>("from");
+    QTest::addColumn<int>("to");
+
+    QTest::newRow("larger") << 10 << 40;
+    QTest::newRow("smaller") << 40 << 10;
+}
+
+void RepaintRegionsTest::aNewSizeRepaintsTheLargerTip()
+{
+    // Given
+    QFETCH(int, from);
+    QFETCH(int, to);
+    Canvas canvas(from);
+    QVERIFY(canvas.show());
+    canvas.hoverTo({100, 100});
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.frame.setPenSize(to);
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(80, 80, 40, 40)));
+    QVERIFY(areaOf(recorder.region) < 50 * 50);
+}
+
+void RepaintRegionsTest::aShapeRepaintsItsOldAndNewBox()
+{
+    // Given
+    Canvas canvas(10, Qt::red, Rectangle);
+    QVERIFY(canvas.show());
+    canvas.press({100, 100});
+    canvas.moveTo({150, 130});
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.moveTo({80, 90});
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(QPoint(100, 100), QPoint(150, 130))));
+    QVERIFY(covers(recorder.region, QRect(QPoint(80, 90), QPoint(100, 100))));
+    QVERIFY(areaOf(recorder.region) < 60 * 40 + 30 * 20);
+}
+
+void RepaintRegionsTest::everyMoveIsPaintedAtOnce()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    PaintRecorder recorder(canvas.frame);
+
+    for (int move = 1; move <= 5; ++move) {
+        // When
+        canvas.hoverTo(QPointF(50 + 10 * move, 50));
+
+        // Then
+        QCOMPARE(recorder.paints, move);
+    }
+}
+
+QTEST_MAIN(RepaintRegionsTest)
+#include "repaintregionstest.moc"
