@@ -1,5 +1,6 @@
 #include "os/process/processtable.h"
 
+#include "os/process/processqueries.h"
 #include "tests/desktop/harness/eventually.h"
 #include "tests/os/process/processes.h"
 
@@ -77,6 +78,7 @@ private slots:
     void whatIsNoProcessHasNoName();
     void aProcessThatEndsBeforeItsNameIsOpenedHasNone();
     void aProcessThatEndsBeforeItsNameIsReadHasNone();
+    void aSearchGoesOnPastAProcessThatEnds();
     void anExecutableIsKnownByItsPath_data();
     void anExecutableIsKnownByItsPath();
     void aRemovedExecutableIsStillKnownByItsPath();
@@ -239,6 +241,28 @@ void ProcessTableTest::aProcessThatEndsBeforeItsNameIsReadHasNone()
     // then
     QVERIFY(!program);
     QCOMPARE(name, std::nullopt);
+}
+
+void ProcessTableTest::aSearchGoesOnPastAProcessThatEnds()
+{
+    // given
+    const QByteArray name = ownName("twin");
+    auto first = std::make_unique<RunningProgram>(name);
+    auto second = std::make_unique<RunningProgram>(name);
+    if (first->id() > second->id())
+        first.swap(second);
+    for (const RunningProgram* program : {first.get(), second.get()})
+        EVENTUALLY_COMPARE(bytes(shortName(program->id()).value_or("none")), name);
+    const int firstFound = getProcessId(name.toStdString());
+    const int firstId = first->id();
+
+    // when
+    beforeOpening = [&first] { first.reset(); }; // all are listed by then, and none is read
+    const int found = getProcessId(name.toStdString());
+
+    // then
+    QCOMPARE(firstFound, firstId);
+    QCOMPARE(found, second->id());
 }
 
 void ProcessTableTest::anExecutableIsKnownByItsPath_data()
