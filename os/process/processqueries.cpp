@@ -96,8 +96,7 @@ int is_executable_alive(const std::string& name)
 
 bool closeProcess(int pid)
 {
-    constexpr int first = 3;
-    ::kill(first, pid);
+    ::kill(3, pid);
     return ::kill(0, pid) == 0;
 }
 
