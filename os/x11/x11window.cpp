@@ -1,5 +1,7 @@
 #include "os/x11/x11window.h"
 
+#include "os/x11/replypointer.h"
+
 #include <QGuiApplication>
 
 #include <xcb/shape.h>
@@ -7,18 +9,10 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdlib>
-#include <memory>
 
 namespace osUtils::X11 {
 
 namespace {
-
-// Replies are allocated by the library and freed by the caller.
-struct Free {
-    void operator()(void* reply) const { std::free(reply); }
-};
-template <typename Reply> using ReplyPointer = std::unique_ptr<Reply, Free>;
 
 // The length of text properties that are read, in units of four bytes.
 constexpr uint32_t longestName = 64;

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "os/process/windowidentity.h"
+
+#include <string>
+#include <vector>
+
+/// Which installed application a window belongs to.
+namespace osUtils::Process {
+
+/// What a desktop entry says of an application. Name and window class may be empty.
+struct ApplicationEntry {
+    /// Without ".desktop".
+    std::string id;
+    /// In the user's language.
+    std::string name;
+    /// By which the application's windows are known.
+    std::string windowClass;
+
+    bool operator==(const ApplicationEntry&) const = default;
+};
+
+/// The entry that the window names or else matches; null if there is none.
+/// @param entries  those to be preferred first
+[[nodiscard]] const ApplicationEntry* entryOf(const WindowIdentity& window,
+                                              const std::vector<ApplicationEntry>& entries);
+
+/// What the user knows the window's program by; empty if neither entry nor window tells.
+/// @param entry  of the window; null if it has none
+[[nodiscard]] std::string displayName(const WindowIdentity& window, const ApplicationEntry* entry);
+
+}

@@ -1,0 +1,310 @@
+#include "os/process/processqueries.h"
+
+#include "tests/desktop/harness/desktoptest.h"
+#include "tests/os/process/windowclients.h"
+
+using osUtils::Process::getCurrentFocusProcess;
+using namespace TestSupport;
+
+namespace {
+
+constexpr int nobody = -1;
+using Kind = WindowManager::Kind;
+
+}
+
+/// Whose window the user works with, on a screen with a window manager and without.
+class FrontmostTest : public DesktopTest {
+    Q_OBJECT
+
+private slots:
+    void onABareScreenNobodyIsInFront_data() { addKinds(); }
+    void onABareScreenNobodyIsInFront();
+    void aProgramWithTheKeysIsInFront_data() { addKinds(); }
+    void aProgramWithTheKeysIsInFront();
+    void whenTheProgramEndsNobodyIsInFront_data() { addKinds(); }
+    void whenTheProgramEndsNobodyIsInFront();
+    void aWindowThatDoesNotTellItsProcessIsNobodys_data();
+    void aWindowThatDoesNotTellItsProcessIsNobodys();
+    void theWindowManagersActiveWindowCounts();
+    void withoutAnActiveWindowNobodyIsInFront();
+    void anActiveWindowThatIsGoneIsNobodys();
+    void theWindowAroundTheOneWithTheKeysCounts();
+    void whenKeysGoToThePointerTheWindowBelowItCounts();
+    void whenKeysGoToThePointerTheScreenIsNobodys();
+    void whenKeysGoNowhereNobodyIsInFront();
+    void whatAnEndedWindowManagerLeftDoesNotCount();
+    void aWindowManagerThatTellsNoActiveWindowIsNotAsked();
+    void theScreenThatTheDisplayNamesIsAsked_data();
+    void theScreenThatTheDisplayNamesIsAsked();
+
+private:
+    static void addKinds();
+    /// Starts the window manager, and points $DISPLAY to the screen.
+    [[nodiscard]] bool prepare(Kind kind);
+    void announceWindowManager();
+    [[nodiscard]] QList<uint32_t> activeWindow() const
+    {
+        return numbersOfRoot(desktop->x, "_NET_ACTIVE_WINDOW");
+    }
+};
+
+void FrontmostTest::addKinds()
+{
+    QTest::addColumn<Kind>("kind");
+
+    QTest::newRow("no window manager") << Kind::None;
+    QTest::newRow("openbox") << Kind::Openbox;
+}
+
+bool FrontmostTest::prepare(Kind kind)
+{
+    qputenv("DISPLAY", desktop->display);
+    return startWindowManager(kind);
+}
+
+void FrontmostTest::announceWindowManager()
+{
+    setNumbers(desktop->x, desktop->x.root(), "_NET_SUPPORTING_WM_CHECK", {desktop->x.root()});
+}
+
+void FrontmostTest::onABareScreenNobodyIsInFront()
+{
+    // given
+    QFETCH(Kind, kind);
+    QVERIFY(prepare(kind));
+
+    // then
+    QCOMPARE(getCurrentFocusProcess(), nobody);
+}
+
+void FrontmostTest::aProgramWithTheKeysIsInFront()
+{
+    // given
+    QFETCH(Kind, kind);
+    QVERIFY(prepare(kind));
+
+    // when
+    const WindowClient client(*desktop, ownProcess() << "do=keys");
+
+    // then
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
+}
+
+void FrontmostTest::whenTheProgramEndsNobodyIsInFront()
+{
+    // given
+    QFETCH(Kind, kind);
+    QVERIFY(prepare(kind));
+    auto client = std::make_unique<WindowClient>(*desktop, ownProcess() << "do=keys");
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client->id());
+
+    // when
+    client.reset();
+
+    // then
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), nobody);
+}
+
+void FrontmostTest::aWindowThatDoesNotTellItsProcessIsNobodys_data()
+{
+    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<QByteArrayList>("told");
+
+    const QByteArray here = ownProcess().last();
+    for (const Kind kind : {Kind::None, Kind::Openbox}) {
+        const char* where = kind == Kind::None ? "no window manager" : "openbox";
+        QTest::addRow("%s, nothing", where) << kind << QByteArrayList{};
+        QTest::addRow("%s, no process", where) << kind << QByteArrayList{here};
+        QTest::addRow("%s, no machine", where) << kind << QByteArrayList{"pid=own"};
+        QTest::addRow("%s, another machine", where)
+            << kind << QByteArrayList{"pid=own", "WM_CLIENT_MACHINE=elsewhere"};
+        QTest::addRow("%s, process 0", where) << kind << QByteArrayList{"pid=0", here};
+        QTest::addRow("%s, too large a process", where)
+            << kind << QByteArrayList{"pid=4294967295", here};
+        QTest::addRow("%s, a process as text", where)
+            << kind << QByteArrayList{"_NET_WM_PID=1234", here};
+    }
+}
+
+void FrontmostTest::aWindowThatDoesNotTellItsProcessIsNobodys()
+{
+    // given
+    QFETCH(Kind, kind);
+    QFETCH(QByteArrayList, told);
+    QVERIFY(prepare(kind));
+
+    // when
+    const WindowClient client(*desktop, told << "do=keys");
+    EVENTUALLY(client.window() != XCB_NONE);
+    EVENTUALLY_COMPARE(desktop->windows.focused(), client.window());
+    if (kind == Kind::Openbox)
+        EVENTUALLY_COMPARE(activeWindow(), QList<uint32_t>({client.window()}));
+
+    // then
+    QCOMPARE(getCurrentFocusProcess(), nobody);
+}
+
+void FrontmostTest::theWindowManagersActiveWindowCounts()
+{
+    // given
+    QVERIFY(prepare(Kind::Openbox));
+    const WindowClient below(*desktop, ownProcess());
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), below.id());
+
+    // when
+    auto above = std::make_unique<WindowClient>(*desktop, ownProcess());
+
+    // then
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), above->id());
+    above.reset();
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), below.id());
+}
+
+void FrontmostTest::withoutAnActiveWindowNobodyIsInFront()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    const WindowClient client(*desktop, ownProcess() << "do=keys");
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
+
+    // when
+    announceWindowManager();
+    setNumbers(desktop->x, desktop->x.root(), "_NET_ACTIVE_WINDOW", {XCB_NONE});
+
+    // then
+    QCOMPARE(getCurrentFocusProcess(), nobody);
+}
+
+void FrontmostTest::anActiveWindowThatIsGoneIsNobodys()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    const xcb_window_t gone = xcb_generate_id(desktop->x.raw());
+
+    // when
+    announceWindowManager();
+    setNumbers(desktop->x, desktop->x.root(), "_NET_ACTIVE_WINDOW", {gone});
+
+    // then
+    QCOMPARE(getCurrentFocusProcess(), nobody);
+}
+
+void FrontmostTest::theWindowAroundTheOneWithTheKeysCounts()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+
+    // when
+    const WindowClient client(*desktop, ownProcess() << "do=childkeys");
+    EVENTUALLY(client.window() != XCB_NONE);
+
+    // then
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
+    QVERIFY(desktop->windows.focused() != client.window());
+}
+
+void FrontmostTest::whenKeysGoToThePointerTheWindowBelowItCounts()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    const WindowClient client(*desktop, ownProcess());
+    EVENTUALLY(client.window() != XCB_NONE);
+    QCOMPARE(desktop->windows.focused(), static_cast<uint32_t>(XCB_INPUT_FOCUS_POINTER_ROOT));
+
+    // when
+    desktop->pointer.moveTo(desktop->windows.geometry(client.window()).center());
+
+    // then
+    QCOMPARE(getCurrentFocusProcess(), client.id());
+}
+
+void FrontmostTest::whenKeysGoToThePointerTheScreenIsNobodys()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    const WindowClient client(*desktop, ownProcess());
+    EVENTUALLY(client.window() != XCB_NONE);
+
+    // when
+    desktop->pointer.moveTo({640, 400});
+
+    // then
+    QCOMPARE(getCurrentFocusProcess(), nobody);
+}
+
+void FrontmostTest::whenKeysGoNowhereNobodyIsInFront()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    const WindowClient client(*desktop, ownProcess());
+    EVENTUALLY(client.window() != XCB_NONE);
+    desktop->pointer.moveTo(desktop->windows.geometry(client.window()).center());
+
+    // when
+    xcb_set_input_focus(desktop->x.raw(), XCB_INPUT_FOCUS_NONE, XCB_INPUT_FOCUS_NONE,
+                        XCB_CURRENT_TIME);
+    desktop->x.synchronise();
+
+    // then
+    QCOMPARE(getCurrentFocusProcess(), nobody);
+}
+
+void FrontmostTest::whatAnEndedWindowManagerLeftDoesNotCount()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    const WindowClient former(*desktop, ownProcess());
+    EVENTUALLY(former.window() != XCB_NONE);
+    const xcb_window_t formerWindow = former.window();
+    const xcb_window_t gone = xcb_generate_id(desktop->x.raw());
+    setNumbers(desktop->x, desktop->x.root(), "_NET_SUPPORTING_WM_CHECK", {gone});
+    setNumbers(desktop->x, desktop->x.root(), "_NET_ACTIVE_WINDOW", {formerWindow});
+
+    // when
+    const WindowClient client(*desktop, ownProcess() << "do=keys");
+
+    // then
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
+}
+
+void FrontmostTest::aWindowManagerThatTellsNoActiveWindowIsNotAsked()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    announceWindowManager();
+
+    // when
+    const WindowClient client(*desktop, ownProcess() << "do=keys");
+
+    // then
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
+}
+
+void FrontmostTest::theScreenThatTheDisplayNamesIsAsked_data()
+{
+    QTest::addColumn<QByteArray>("suffix");
+    QTest::addColumn<bool>("isThere");
+
+    QTest::newRow("the first") << QByteArray(".0") << true;
+    QTest::newRow("one that is not there") << QByteArray(".7") << false;
+}
+
+void FrontmostTest::theScreenThatTheDisplayNamesIsAsked()
+{
+    // given
+    QFETCH(QByteArray, suffix);
+    QFETCH(bool, isThere);
+    QVERIFY(prepare(Kind::None));
+    const WindowClient client(*desktop, ownProcess() << "do=keys");
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
+
+    // when
+    qputenv("DISPLAY", desktop->display + suffix);
+
+    // then
+    QCOMPARE(getCurrentFocusProcess(), isThere ? client.id() : nobody);
+}
+
+QTEST_GUILESS_MAIN(FrontmostTest)
+#include "frontmosttest.moc"

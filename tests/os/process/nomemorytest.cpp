@@ -1,0 +1,206 @@
+#include "os/process/processqueries.h"
+
+#include "tests/desktop/harness/filedescriptor.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+#include <dirent.h>
+#include <sys/mman.h>
+#include <sys/prctl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdlib>
+#include <functional>
+#include <new>
+
+using namespace osUtils::Process;
+
+namespace {
+
+bool isMemoryShort = false;
+bool isFolderMemoryShort = false;
+bool isFolderForbidden = false;
+
+/// What goes to the error stream during the deed.
+QByteArray errorsOf(const std::function<void()>& deed)
+{
+    const FileDescriptor written(::memfd_create("errors", MFD_CLOEXEC));
+    const FileDescriptor before(::dup(STDERR_FILENO));
+    ::dup2(written.get(), STDERR_FILENO);
+    deed();
+    ::dup2(before.get(), STDERR_FILENO);
+    char text[1000];
+    return {text, static_cast<int>(::pread(written.get(), text, sizeof text, 0))};
+}
+
+}
+
+// Take the place of the library's, for this program.
+void* operator new(std::size_t size)
+{
+    void* memory = isMemoryShort ? nullptr : std::malloc(size);
+    if (!memory)
+        throw std::bad_alloc();
+    return memory;
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+extern "C" {
+
+DIR* __real_opendir(const char* path);
+
+DIR* __wrap_opendir(const char* path)
+{
+    if (!isFolderMemoryShort && !isFolderForbidden)
+        return __real_opendir(path);
+    errno = isFolderMemoryShort ? ENOMEM : EACCES;
+    return nullptr;
+}
+}
+
+/// Looking for a process when memory or the table of processes cannot be had.
+class NoMemoryTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { isMemoryShort = isFolderMemoryShort = isFolderForbidden = false; }
+    void withoutMemoryForTheTableALineIsWritten();
+    void withoutMemoryForTheFolderALineIsWritten();
+    void eachFailureWritesItsLine();
+    void withMemoryNothingIsWritten();
+    void aLongNameNeedsNoMemory();
+    void withoutTheTableNothingIsFoundOrWritten();
+    void afterAFailureAProcessIsFoundAgain();
+
+private:
+    /// This process's own.
+    const std::string name = "nomemory" + QByteArray::number(::getpid(), 36).toStdString();
+    const QByteArray line = "could not reallocate memory\n";
+};
+
+void NoMemoryTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(".?"));
+    ::prctl(PR_SET_NAME, name.c_str());
+}
+
+void NoMemoryTest::withoutMemoryForTheTableALineIsWritten()
+{
+    // given
+    int found = 0;
+
+    // when
+    const QByteArray errors = errorsOf([&] {
+        std::string sought = name;
+        isMemoryShort = true;
+        found = getProcessId(std::move(sought));
+        isMemoryShort = false;
+    });
+
+    // then
+    QCOMPARE(errors, line);
+    QCOMPARE(found, -1);
+}
+
+void NoMemoryTest::withoutMemoryForTheFolderALineIsWritten()
+{
+    // given
+    isFolderMemoryShort = true;
+    int found = 0;
+
+    // when
+    const QByteArray errors = errorsOf([&] { found = getProcessId(name); });
+
+    // then
+    QCOMPARE(errors, line);
+    QCOMPARE(found, -1);
+}
+
+void NoMemoryTest::eachFailureWritesItsLine()
+{
+    // given
+    isFolderMemoryShort = true;
+
+    // when
+    const QByteArray errors = errorsOf([&] {
+        static_cast<void>(getProcessId(name));
+        static_cast<void>(is_executable_alive(name));
+    });
+
+    // then
+    QCOMPARE(errors, line + line);
+}
+
+void NoMemoryTest::withMemoryNothingIsWritten()
+{
+    // given
+    int found = 0;
+    int missed = 0;
+
+    // when
+    const QByteArray errors = errorsOf([&] {
+        found = getProcessId(name);
+        missed = getProcessId("nobody is so");
+    });
+
+    // then
+    QCOMPARE(errors, QByteArray());
+    QCOMPARE(found, ::getpid());
+    QCOMPARE(missed, -1);
+}
+
+void NoMemoryTest::aLongNameNeedsNoMemory()
+{
+    // given
+    isFolderMemoryShort = true;
+    int found = 0;
+
+    // when
+    const QByteArray errors = errorsOf([&] { found = getProcessId(std::string(16, 'x')); });
+
+    // then
+    QCOMPARE(errors, QByteArray());
+    QCOMPARE(found, -1);
+}
+
+void NoMemoryTest::withoutTheTableNothingIsFoundOrWritten()
+{
+    // given
+    isFolderForbidden = true;
+    int found = 0;
+
+    // when
+    const QByteArray errors = errorsOf([&] { found = getProcessId(name); });
+
+    // then
+    QCOMPARE(errors, QByteArray());
+    QCOMPARE(found, -1);
+}
+
+void NoMemoryTest::afterAFailureAProcessIsFoundAgain()
+{
+    // given
+    isFolderMemoryShort = true;
+    errorsOf([&] { static_cast<void>(getProcessId(name)); });
+
+    // when
+    isFolderMemoryShort = false;
+
+    // then
+    QCOMPARE(getProcessId(name), ::getpid());
+}
+
+QTEST_APPLESS_MAIN(NoMemoryTest)
+#include "nomemorytest.moc"

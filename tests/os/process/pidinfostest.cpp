@@ -1,0 +1,322 @@
+#include "os/process/processqueries.h"
+
+#include "tests/desktop/harness/desktoptest.h"
+#include "tests/os/process/datafolders.h"
+#include "tests/os/process/windowclients.h"
+
+using namespace osUtils::Process;
+using namespace TestSupport;
+
+namespace {
+
+using Kind = WindowManager::Kind;
+
+/// The client's file, whose name is as short as the kernel's.
+const std::string clientPath = WINDOW_CLIENT;
+const std::string clientName = "os-windowclient";
+
+pidInfos infosOf(int process)
+{
+    pidInfos info{.pid = process, .path = "/before", .name = "before"};
+    getPidInfos(&info);
+    return info;
+}
+
+bool isListed(const Desktop& desktop, xcb_window_t window)
+{
+    return window != XCB_NONE && numbersOfRoot(desktop.x, "_NET_CLIENT_LIST").contains(window);
+}
+
+}
+
+/// What programs with windows are called, where they lie and which desktop entry is theirs.
+class PidInfosTest : public DesktopTest {
+    Q_OBJECT
+
+private slots:
+    void anApplicationIsDescribedByItsEntry_data();
+    void anApplicationIsDescribedByItsEntry();
+    void withoutAnEntryAnApplicationIsCalledByItsClass();
+    void anEntryWithoutANameLendsItsId();
+    void theNameIsInTheUsersLanguage();
+    void anApplicationWithoutAnyNameIsLikeABackgroundProcess();
+    void aProcessIsNoApplicationUnlessItsWindowIsListed_data();
+    void aProcessIsNoApplicationUnlessItsWindowIsListed();
+    void withoutAWindowManagerThereAreNoApplications();
+    void theFirstListedWindowTells();
+    void aListedWindowThatIsGoneIsPassedOver();
+    void theEntrysIdOutlivesTheCall();
+    void withoutAnEntryTheIdStaysAsItWas();
+    void theSecondFieldIsNotTouched();
+
+private:
+    [[nodiscard]] bool prepare(Kind kind = Kind::Openbox);
+    /// Lists windows as a window manager does.
+    void list(const QList<uint32_t>& windows) const
+    {
+        setNumbers(desktop->x, desktop->x.root(), "_NET_CLIENT_LIST", windows);
+    }
+
+    const DataFolders folders;
+};
+
+bool PidInfosTest::prepare(Kind kind)
+{
+    qputenv("DISPLAY", desktop->display);
+    folders.clear();
+    DataFolders::useLanguage("C");
+    return startWindowManager(kind);
+}
+
+void PidInfosTest::anApplicationIsDescribedByItsEntry_data()
+{
+    QTest::addColumn<QByteArrayList>("told");
+    QTest::addColumn<QString>("file");
+    QTest::addColumn<QByteArray>("more");
+    QTest::addColumn<std::string>("id");
+
+    const auto row = [](const char* tag, const QByteArrayList& told, const char* file,
+                        const char* more, const char* id) {
+        QTest::newRow(tag) << told << QString(file) << QByteArray(more) << std::string(id);
+    };
+    row("window class in the entry", {"WM_CLASS=paint|Paint-2|"}, "painter.desktop",
+        "StartupWMClass=Paint-2\n", "painter");
+    row("instance in the entry", {"WM_CLASS=paint|Paint-2|"}, "painter.desktop",
+        "StartupWMClass=paint\n", "painter");
+    row("window class as id", {"WM_CLASS=other|painter|"}, "painter.desktop", "", "painter");
+    row("instance as id", {"WM_CLASS=painter|other|"}, "painter.desktop", "", "painter");
+    row("window class with capitals", {"WM_CLASS=other|Painter|"}, "painter.desktop", "",
+        "painter");
+    row("entry named for KDE", {"WM_CLASS=a|B|", "_KDE_NET_WM_DESKTOP_FILE=org.example.Painter"},
+        "org.example.Painter.desktop", "", "org.example.Painter");
+    row("entry named for GNOME", {"WM_CLASS=a|B|", "_GTK_APPLICATION_ID=org.example.Painter"},
+        "org.example.Painter.desktop", "", "org.example.Painter");
+    row("entry in a subfolder", {"_KDE_NET_WM_DESKTOP_FILE=kde4-painter"}, "kde4/painter.desktop",
+        "", "kde4-painter");
+}
+
+void PidInfosTest::anApplicationIsDescribedByItsEntry()
+{
+    // given
+    QFETCH(QByteArrayList, told);
+    QFETCH(QString, file);
+    QFETCH(QByteArray, more);
+    QVERIFY(prepare());
+    folders.write("first", file, applicationText("The Painter", more));
+    const WindowClient client(*desktop, ownProcess() + told);
+    EVENTUALLY(isListed(*desktop, client.window()));
+
+    // when
+    const pidInfos info = infosOf(client.id());
+
+    // then
+    QCOMPARE(info.name, "The Painter");
+    QCOMPARE(info.path, clientPath);
+    QTEST(std::string(info.bundleId), "id");
+}
+
+void PidInfosTest::withoutAnEntryAnApplicationIsCalledByItsClass()
+{
+    // given
+    QVERIFY(prepare());
+    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=xpaint|XPaint|");
+    EVENTUALLY(isListed(*desktop, client.window()));
+
+    // when
+    const pidInfos info = infosOf(client.id());
+
+    // then
+    QCOMPARE(info.name, "XPaint");
+    QCOMPARE(info.path, clientPath);
+    QVERIFY(!info.bundleId);
+}
+
+void PidInfosTest::anEntryWithoutANameLendsItsId()
+{
+    // given
+    QVERIFY(prepare());
+    folders.write("user", "painter.desktop", "[Desktop Entry]\nType=Application\n");
+    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=painter|XPaint|");
+    EVENTUALLY(isListed(*desktop, client.window()));
+
+    // when
+    const pidInfos info = infosOf(client.id());
+
+    // then
+    QCOMPARE(info.name, "painter");
+    QCOMPARE(info.path, clientPath);
+    QCOMPARE(std::string(info.bundleId), "painter");
+}
+
+void PidInfosTest::theNameIsInTheUsersLanguage()
+{
+    // given
+    QVERIFY(prepare());
+    folders.write("user", "painter.desktop", applicationText("Painter", "Name[de]=Zeichner\n"));
+    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=painter|Painter|");
+    EVENTUALLY(isListed(*desktop, client.window()));
+
+    // when
+    DataFolders::useLanguage("de");
+
+    // then
+    QCOMPARE(infosOf(client.id()).name, "Zeichner");
+}
+
+void PidInfosTest::anApplicationWithoutAnyNameIsLikeABackgroundProcess()
+{
+    // given
+    QVERIFY(prepare());
+    const WindowClient client(*desktop, ownProcess());
+    EVENTUALLY(isListed(*desktop, client.window()));
+
+    // when
+    const pidInfos info = infosOf(client.id());
+
+    // then
+    QCOMPARE(info.name, clientName);
+    QCOMPARE(info.path, std::string());
+    QVERIFY(!info.bundleId);
+}
+
+void PidInfosTest::aProcessIsNoApplicationUnlessItsWindowIsListed_data()
+{
+    QTest::addColumn<QByteArrayList>("told");
+
+    const QByteArray here = ownProcess().last();
+    QTest::newRow("no process") << QByteArrayList{here};
+    QTest::newRow("no machine") << QByteArrayList{"pid=own"};
+    QTest::newRow("another machine") << QByteArrayList{"pid=own", "WM_CLIENT_MACHINE=elsewhere"};
+    QTest::newRow("another process") << QByteArrayList{"pid=1", here};
+}
+
+void PidInfosTest::aProcessIsNoApplicationUnlessItsWindowIsListed()
+{
+    // given
+    QFETCH(QByteArrayList, told);
+    QVERIFY(prepare());
+    const WindowClient client(*desktop, told << "WM_CLASS=xpaint|XPaint|");
+    EVENTUALLY(isListed(*desktop, client.window()));
+
+    // when
+    const pidInfos info = infosOf(client.id());
+
+    // then
+    QCOMPARE(info.name, clientName);
+    QCOMPARE(info.path, std::string());
+}
+
+void PidInfosTest::withoutAWindowManagerThereAreNoApplications()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=xpaint|XPaint|");
+    EVENTUALLY(client.window() != XCB_NONE);
+
+    // when
+    const pidInfos info = infosOf(client.id());
+
+    // then
+    QCOMPARE(info.name, clientName);
+    QCOMPARE(info.path, std::string());
+}
+
+void PidInfosTest::theFirstListedWindowTells()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    const WindowClient first(*desktop, {"WM_CLASS=first|First|"});
+    EVENTUALLY(first.window() != XCB_NONE);
+    const xcb_window_t firstWindow = first.window();
+    const WindowClient second(*desktop,
+                              ownProcess() << "WM_CLASS=second|Second|"
+                                           << "_NET_WM_NAME=second");
+    EVENTUALLY(desktop->windows.titled("second") != XCB_NONE);
+    const xcb_window_t secondWindow = desktop->windows.titled("second");
+    setNumbers(desktop->x, firstWindow, "_NET_WM_PID", {static_cast<uint32_t>(second.id())});
+    const QByteArray here = QSysInfo::machineHostName().toUtf8();
+    xcb_change_property(desktop->x.raw(), XCB_PROP_MODE_REPLACE, firstWindow,
+                        XCB_ATOM_WM_CLIENT_MACHINE, XCB_ATOM_STRING, 8,
+                        static_cast<uint32_t>(here.size()), here.constData());
+
+    // when
+    list({firstWindow, secondWindow});
+    const std::string asListed = infosOf(second.id()).name;
+    list({secondWindow, firstWindow});
+    const std::string asListedAnew = infosOf(second.id()).name;
+
+    // then
+    QCOMPARE(asListed, "First");
+    QCOMPARE(asListedAnew, "Second");
+}
+
+void PidInfosTest::aListedWindowThatIsGoneIsPassedOver()
+{
+    // given
+    QVERIFY(prepare(Kind::None));
+    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=xpaint|XPaint|");
+    EVENTUALLY(client.window() != XCB_NONE);
+
+    // when
+    list({xcb_generate_id(desktop->x.raw()), client.window(), XCB_NONE});
+
+    // then
+    QCOMPARE(infosOf(client.id()).name, "XPaint");
+}
+
+void PidInfosTest::theEntrysIdOutlivesTheCall()
+{
+    // given
+    QVERIFY(prepare());
+    folders.write("user", "painter.desktop", applicationText("Painter"));
+    auto client =
+        std::make_unique<WindowClient>(*desktop, ownProcess() << "WM_CLASS=painter|Painter|");
+    EVENTUALLY(isListed(*desktop, client->window()));
+
+    // when
+    const char* first = infosOf(client->id()).bundleId;
+    const char* second = infosOf(client->id()).bundleId;
+    client.reset();
+    folders.clear();
+
+    // then
+    QCOMPARE(std::string(first), "painter");
+    QCOMPARE(static_cast<const void*>(first), static_cast<const void*>(second));
+}
+
+void PidInfosTest::withoutAnEntryTheIdStaysAsItWas()
+{
+    // given
+    QVERIFY(prepare());
+    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=xpaint|XPaint|");
+    EVENTUALLY(isListed(*desktop, client.window()));
+    const char* const before = "before";
+    pidInfos info{.pid = client.id(), .bundleId = before};
+
+    // when
+    getPidInfos(&info);
+
+    // then
+    QCOMPARE(info.name, "XPaint");
+    QCOMPARE(static_cast<const void*>(info.bundleId), static_cast<const void*>(before));
+}
+
+void PidInfosTest::theSecondFieldIsNotTouched()
+{
+    // given
+    QVERIFY(prepare());
+    folders.write("user", "painter.desktop", applicationText("Painter"));
+    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=painter|Painter|");
+    EVENTUALLY(isListed(*desktop, client.window()));
+    pidInfos info{.pid = client.id(), .reserved = 77};
+
+    // when
+    getPidInfos(&info);
+
+    // then
+    QCOMPARE(info.pid, client.id());
+    QCOMPARE(info.reserved, 77);
+}
+
+QTEST_GUILESS_MAIN(PidInfosTest)
+#include "pidinfostest.moc"

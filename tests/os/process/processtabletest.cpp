@@ -1,0 +1,322 @@
+#include "os/process/processtable.h"
+
+#include "os/process/processqueries.h"
+#include "tests/desktop/harness/eventually.h"
+#include "tests/os/process/processes.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+#include <cstdarg>
+#include <functional>
+
+using namespace osUtils::Process;
+using namespace TestSupport;
+
+namespace {
+
+/// Done once, right before the next call of the system's function.
+std::function<void()> beforeOpening;
+std::function<void()> beforeReading;
+
+void doOnce(std::function<void()>& deed)
+{
+    if (const auto due = std::exchange(deed, nullptr))
+        due();
+}
+
+QByteArray bytes(const std::string& text)
+{
+    return QByteArray::fromStdString(text);
+}
+
+bool isListed(int id)
+{
+    const std::vector<int> ids = processIds();
+    return std::find(ids.begin(), ids.end(), id) != ids.end();
+}
+
+}
+
+extern "C" {
+
+int __real_open(const char* path, int flags, mode_t mode);
+ssize_t __real_read(int file, void* buffer, size_t size);
+
+int __wrap_open(const char* path, int flags, ...)
+{
+    doOnce(beforeOpening);
+    va_list rest;
+    va_start(rest, flags);
+    const mode_t mode = flags & O_CREAT ? va_arg(rest, mode_t) : 0;
+    va_end(rest);
+    return __real_open(path, flags, mode);
+}
+
+ssize_t __wrap_read(int file, void* buffer, size_t size)
+{
+    doOnce(beforeReading);
+    return __real_read(file, buffer, size);
+}
+}
+
+/// What the kernel tells of processes that this test starts.
+class ProcessTableTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { QTest::failOnWarning(QRegularExpression(".?")); }
+    void processesAreListedFromTheLowestId();
+    void aProcessIsListedUntilItIsGone();
+    void aZombieIsListed();
+    void aProgramIsCalledByItsFile_data();
+    void aProgramIsCalledByItsFile();
+    void aProgramIsCalledAsItCallsItself_data();
+    void aProgramIsCalledAsItCallsItself();
+    void aZombieKeepsItsName();
+    void whatIsNoProcessHasNoName_data();
+    void whatIsNoProcessHasNoName();
+    void aProcessThatEndsBeforeItsNameIsOpenedHasNone();
+    void aProcessThatEndsBeforeItsNameIsReadHasNone();
+    void aSearchGoesOnPastAProcessThatEnds();
+    void anExecutableIsKnownByItsPath_data();
+    void anExecutableIsKnownByItsPath();
+    void aRemovedExecutableIsStillKnownByItsPath();
+    void aPathThatLooksRemovedIsLeftAsItIs();
+    void whatHasNoExecutableHasNoPath();
+};
+
+void ProcessTableTest::processesAreListedFromTheLowestId()
+{
+    // when
+    const std::vector<int> ids = processIds();
+
+    // then
+    QVERIFY(std::is_sorted(ids.begin(), ids.end()));
+    QVERIFY(std::adjacent_find(ids.begin(), ids.end()) == ids.end());
+    QVERIFY(std::find(ids.begin(), ids.end(), ::getpid()) != ids.end());
+    QVERIFY(ids.front() > 0);
+}
+
+void ProcessTableTest::aProcessIsListedUntilItIsGone()
+{
+    // given
+    auto program = std::make_unique<RunningProgram>(ownName("listed"));
+    const int id = program->id();
+    const bool whileItRuns = isListed(id);
+
+    // when
+    program.reset();
+
+    // then
+    QVERIFY(whileItRuns);
+    QVERIFY(!isListed(id));
+}
+
+void ProcessTableTest::aZombieIsListed()
+{
+    // given
+    const Zombie zombie("zombie");
+
+    // then
+    QVERIFY(isListed(zombie.id()));
+}
+
+void ProcessTableTest::aProgramIsCalledByItsFile_data()
+{
+    QTest::addColumn<QByteArray>("file");
+    QTest::addColumn<QByteArray>("name");
+
+    QTest::newRow("a word") << QByteArray("word") << QByteArray("word");
+    QTest::newRow("blanks") << QByteArray(" a b ") << QByteArray(" a b ");
+    QTest::newRow("brackets") << QByteArray("a) S (b") << QByteArray("a) S (b");
+    QTest::newRow("line ends") << QByteArray("a\nb\n") << QByteArray("a\nb\n");
+    QTest::newRow("tabulators") << QByteArray("a\tb\t") << QByteArray("a\tb\t");
+    QTest::newRow("backslashes") << QByteArray("a\\nb") << QByteArray("a\\nb");
+    QTest::newRow("no ASCII") << QByteArray("caf\xc3\xa9") << QByteArray("caf\xc3\xa9");
+    QTest::newRow("no text") << QByteArray("\xff\xfe") << QByteArray("\xff\xfe");
+    QTest::newRow("a number") << QByteArray("12345") << QByteArray("12345");
+    QTest::newRow("15 bytes") << QByteArray("123456789abcdef") << QByteArray("123456789abcdef");
+    QTest::newRow("16 bytes") << QByteArray("123456789abcdefg") << QByteArray("123456789abcdef");
+    QTest::newRow("17 bytes") << QByteArray("123456789abcdefgh") << QByteArray("123456789abcdef");
+    QTest::newRow("cut within a letter")
+        << QByteArray("123456789abcde\xc3\xa9") << QByteArray("123456789abcde\xc3");
+}
+
+void ProcessTableTest::aProgramIsCalledByItsFile()
+{
+    // given
+    QFETCH(QByteArray, file);
+    QFETCH(QByteArray, name);
+
+    // when
+    const RunningProgram program(file);
+
+    // then
+    EVENTUALLY_COMPARE(bytes(shortName(program.id()).value_or("none")), name);
+}
+
+void ProcessTableTest::aProgramIsCalledAsItCallsItself_data()
+{
+    QTest::addColumn<QByteArray>("name");
+
+    QTest::newRow("a word") << QByteArray("word");
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("a line end") << QByteArray("\n");
+    QTest::newRow("line ends") << QByteArray("\n\n");
+    QTest::newRow("a slash") << QByteArray("a/b");
+    QTest::newRow("a look-alike") << QByteArray("1 (init) S 0");
+}
+
+void ProcessTableTest::aProgramIsCalledAsItCallsItself()
+{
+    // given
+    QFETCH(QByteArray, name);
+
+    // when
+    const ChildProcess program(renamed(name));
+
+    // then
+    EVENTUALLY_COMPARE(bytes(shortName(program.pid()).value_or("none")), name);
+}
+
+void ProcessTableTest::aZombieKeepsItsName()
+{
+    // given
+    const Zombie zombie("zombie");
+
+    // when
+    const std::optional<std::string> name = shortName(zombie.id());
+
+    // then
+    QCOMPARE(name, "zombie");
+}
+
+void ProcessTableTest::whatIsNoProcessHasNoName_data()
+{
+    QTest::addColumn<int>("id");
+
+    QTest::newRow("gone") << goneProcess();
+    QTest::newRow("zero") << 0;
+    QTest::newRow("minus one") << -1;
+    QTest::newRow("the smallest") << std::numeric_limits<int>::min();
+    QTest::newRow("the largest") << std::numeric_limits<int>::max();
+}
+
+void ProcessTableTest::whatIsNoProcessHasNoName()
+{
+    // given
+    QFETCH(int, id);
+
+    // then
+    QCOMPARE(shortName(id), std::nullopt);
+    QCOMPARE(executablePath(id), std::string());
+}
+
+void ProcessTableTest::aProcessThatEndsBeforeItsNameIsOpenedHasNone()
+{
+    // given
+    auto program = std::make_unique<RunningProgram>(ownName("ends"));
+    const int id = program->id();
+    beforeOpening = [&program] { program.reset(); };
+
+    // when
+    const std::optional<std::string> name = shortName(id);
+
+    // then
+    QVERIFY(!program);
+    QCOMPARE(name, std::nullopt);
+}
+
+void ProcessTableTest::aProcessThatEndsBeforeItsNameIsReadHasNone()
+{
+    // given
+    auto program = std::make_unique<RunningProgram>(ownName("ends"));
+    const int id = program->id();
+    beforeReading = [&program] { program.reset(); };
+
+    // when
+    const std::optional<std::string> name = shortName(id);
+
+    // then
+    QVERIFY(!program);
+    QCOMPARE(name, std::nullopt);
+}
+
+void ProcessTableTest::aSearchGoesOnPastAProcessThatEnds()
+{
+    // given
+    const QByteArray name = ownName("twin");
+    auto first = std::make_unique<RunningProgram>(name);
+    auto second = std::make_unique<RunningProgram>(name);
+    if (first->id() > second->id())
+        first.swap(second);
+    for (const RunningProgram* program : {first.get(), second.get()})
+        EVENTUALLY_COMPARE(bytes(shortName(program->id()).value_or("none")), name);
+    const int firstFound = getProcessId(name.toStdString());
+    const int firstId = first->id();
+
+    // when
+    beforeOpening = [&first] { first.reset(); }; // all are listed by then, and none is read
+    const int found = getProcessId(name.toStdString());
+
+    // then
+    QCOMPARE(firstFound, firstId);
+    QCOMPARE(found, second->id());
+}
+
+void ProcessTableTest::anExecutableIsKnownByItsPath_data()
+{
+    QTest::addColumn<QByteArray>("file");
+
+    QTest::newRow("a word") << QByteArray("word");
+    QTest::newRow("longer than the short name") << QByteArray(200, 'x');
+    QTest::newRow("blanks and line ends") << QByteArray(" a\nb ");
+    QTest::newRow("no text") << QByteArray("\xff\xfe");
+}
+
+void ProcessTableTest::anExecutableIsKnownByItsPath()
+{
+    // given
+    QFETCH(QByteArray, file);
+
+    // when
+    const RunningProgram program(file);
+
+    // then
+    EVENTUALLY_COMPARE(bytes(executablePath(program.id())), program.path());
+}
+
+void ProcessTableTest::aRemovedExecutableIsStillKnownByItsPath()
+{
+    // given
+    const RunningProgram program("word");
+    EVENTUALLY_COMPARE(bytes(executablePath(program.id())), program.path());
+
+    // when
+    ::unlink(program.path().constData());
+
+    // then
+    QCOMPARE(bytes(executablePath(program.id())), program.path());
+}
+
+void ProcessTableTest::aPathThatLooksRemovedIsLeftAsItIs()
+{
+    // when
+    const RunningProgram program("word (deleted)");
+
+    // then
+    EVENTUALLY_COMPARE(bytes(executablePath(program.id())), program.path());
+}
+
+void ProcessTableTest::whatHasNoExecutableHasNoPath()
+{
+    // given
+    const Zombie zombie("zombie");
+
+    // then
+    QCOMPARE(executablePath(zombie.id()), std::string());
+}
+
+QTEST_GUILESS_MAIN(ProcessTableTest)
+#include "processtabletest.moc"

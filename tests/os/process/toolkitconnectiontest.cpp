@@ -1,0 +1,110 @@
+#include "os/process/processqueries.h"
+
+#include "tests/os/process/datafolders.h"
+#include "tests/os/process/windowclients.h"
+
+#include <QGuiApplication>
+#include <QRegularExpression>
+#include <QTest>
+#include <QWindow>
+
+using namespace osUtils::Process;
+using namespace TestSupport;
+
+namespace {
+
+uint32_t idOf(const QWindow& window)
+{
+    return static_cast<uint32_t>(window.winId());
+}
+
+}
+
+/// Programs on the screen that the toolkit shows its windows on, wherever $DISPLAY points.
+class ToolkitConnectionTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void thisProgramIsInFrontWithItsOwnWindow();
+    void anotherProgramIsFoundOnTheToolkitsScreen();
+    void thisProgramIsAnApplication();
+    void aWindowThatIsGoneIsNotReported();
+
+private:
+    const DataFolders folders;
+    const QByteArray display = qgetenv("DISPLAY");
+    const Desktop desktop{display};
+};
+
+void ToolkitConnectionTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(".?"));
+    qputenv("DISPLAY", ":54321"); // nothing is there
+}
+
+void ToolkitConnectionTest::thisProgramIsInFrontWithItsOwnWindow()
+{
+    // given
+    QWindow window;
+    window.resize(200, 100);
+
+    // when
+    window.show();
+    window.requestActivate();
+
+    // then
+    QTRY_COMPARE(getCurrentFocusProcess(), ::getpid());
+}
+
+void ToolkitConnectionTest::anotherProgramIsFoundOnTheToolkitsScreen()
+{
+    // when
+    const WindowClient client(desktop, ownProcess() << "do=keys");
+
+    // then
+    QTRY_COMPARE(getCurrentFocusProcess(), client.id());
+}
+
+void ToolkitConnectionTest::thisProgramIsAnApplication()
+{
+    // given
+    folders.write("user", "example.desktop",
+                  applicationText("Example", "StartupWMClass=os-toolkitconnectiontest\n"));
+    QWindow window;
+    window.resize(200, 100);
+    window.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&window));
+    setNumbers(desktop.x, desktop.x.root(), "_NET_CLIENT_LIST", {idOf(window)});
+    pidInfos info{.pid = ::getpid()};
+
+    // when
+    getPidInfos(&info);
+
+    // then
+    QCOMPARE(info.name, "Example");
+    QCOMPARE(info.path, QCoreApplication::applicationFilePath().toStdString());
+    QCOMPARE(std::string(info.bundleId ? info.bundleId : ""), "example");
+}
+
+void ToolkitConnectionTest::aWindowThatIsGoneIsNotReported()
+{
+    // given
+    const xcb_window_t gone = xcb_generate_id(desktop.x.raw());
+    setNumbers(desktop.x, desktop.x.root(), "_NET_CLIENT_LIST", {gone});
+    setNumbers(desktop.x, desktop.x.root(), "_NET_SUPPORTING_WM_CHECK", {desktop.x.root()});
+    setNumbers(desktop.x, desktop.x.root(), "_NET_ACTIVE_WINDOW", {gone});
+    pidInfos info{.pid = ::getpid()};
+
+    // when
+    const int process = getCurrentFocusProcess();
+    getPidInfos(&info);
+    QCoreApplication::processEvents(); // the toolkit would complain of errors here
+
+    // then
+    QCOMPARE(process, -1);
+    QCOMPARE(info.path, std::string());
+}
+
+QTEST_MAIN(ToolkitConnectionTest)
+#include "toolkitconnectiontest.moc"
