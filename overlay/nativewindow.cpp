@@ -106,6 +106,8 @@ void NativeWindow::windowChanged(QEvent* event)
         applyOpaque();
     } else if (event->type() == QEvent::ChildAdded && ignoresMouse) {
         static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
+    } else if (event->type() == QEvent::ChildRemoved) {
+        applyInputRegion();
     }
 }
 

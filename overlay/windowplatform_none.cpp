@@ -13,10 +13,7 @@ void WindowPlatformNone::setInputRegion(const QWindow& /*window*/,
 
 void WindowPlatformNone::setOpaque(const QWindow& /*window*/, bool /*opaque*/) const { }
 
-void WindowPlatformNone::raiseAboveAll(QWindow& window) const
-{
-    window.raise();
-}
+void WindowPlatformNone::raiseAboveAll(QWindow& /*window*/) const { }
 
 void WindowPlatformNone::takeKeyboard(QWindow& window) const
 {

@@ -76,6 +76,12 @@ void PenFrame::setPenSize(int size)
 
 void PenFrame::setStyle(int penStyle)
 {
+    // The next repaint takes away what the old style has on the screen.
+    markDirty(liveBox());
+    if (drawing && isFreehand()) {
+        markDirty(strokeRect);
+        clearStrokeLayer();
+    }
     style = penStyle;
     setDrawBack(true);
 }
@@ -101,6 +107,9 @@ void PenFrame::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
         markDirty(liveBox());
+        // The release of an earlier press was lost: what it drew stays.
+        if (drawing)
+            drawNewPolygon();
         drawing = true;
         currentPoint = previousPoint = startPoint = event->position();
         strokeRect = QRect();
@@ -113,15 +122,21 @@ void PenFrame::mousePressEvent(QMouseEvent* event)
 void PenFrame::mouseMoveEvent(QMouseEvent* event)
 {
     // A segment that no paint has asked for, the frame being hidden, is ink nevertheless.
-    if (drawing && isFreehand())
+    const bool growsStroke = drawing && isFreehand();
+    if (growsStroke)
         extendStroke();
-    else
-        markDirty(liveBox());
+    const QRect before = growsStroke ? QRect() : liveBox();
     previousPoint = currentPoint;
     currentPoint = event->position();
     segmentPending = drawing;
-    markDirty(liveBox());
+    markReplaced(before, liveBox());
     repaintDirty();
+}
+
+void PenFrame::markReplaced(const QRect& before, const QRect& after)
+{
+    // One rectangle for shapes: behind a clip of several the toolkit fills an ellipse's edge otherwise.
+    markDirty(isFreehand() ? QRegion(before) + after : QRegion(before | after));
 }
 
 void PenFrame::mouseReleaseEvent(QMouseEvent* event)
@@ -134,7 +149,6 @@ void PenFrame::mouseReleaseEvent(QMouseEvent* event)
         }
         drawing = false;
         drawNewPolygon();
-        markDirty(liveBox());
     }
     repaintDirty();
 }

@@ -5,6 +5,7 @@
 #include "overlay/layerpixmap.h"
 #include "overlay/windowutils.h"
 
+#include <QApplication>
 #include <QColorDialog>
 #include <QTimer>
 #include <QWheelEvent>
@@ -83,7 +84,11 @@ void VcColorComboBox::openColorDialog()
 
     // Not every window manager hands the keyboard back to the frame when its dialog is gone.
     Helpers::NQt::Utils::takeKeyboard(this);
-    QTimer::singleShot(dialogGoneMs, this, [this] { Helpers::NQt::Utils::takeKeyboard(this); });
+    QTimer::singleShot(dialogGoneMs, this, [this] {
+        // Not from what the user has opened meanwhile.
+        if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget())
+            Helpers::NQt::Utils::takeKeyboard(this);
+    });
 }
 
 void VcColorComboBox::chooseCustomColor(QColor color)

@@ -121,7 +121,7 @@ void StartupTest::aSecondOneRunsBesideTheFirst()
     Program first(*desktop, {.arguments = {"20", "0", "0", "255"}});
     EVENTUALLY(first.isReady());
     desktop->pointer.drag(line({200, 200}, {400, 200}));
-    QVERIFY(parkPointer(StartPoint, Qt::blue));
+    QVERIFY(parkPointer({100, 300}, Qt::blue));
 
     // when
     Program second(*desktop, {.arguments = {"20", "255", "0", "0"}});

@@ -14,8 +14,9 @@
 #include <QTest>
 #include <QTimer>
 
-#include <cerrno>
 #include <csignal>
+
+#include <poll.h>
 
 using Helpers::NQt::NorvikApplication;
 
@@ -249,6 +250,8 @@ void NorvikApplicationTest::itEndsAgainAfterTheHandlerIsBack()
         application.findChild<QSocketNotifier*>(QString(), Qt::FindDirectChildrenOnly);
     QVERIFY(notifier);
     QVERIFY(notifier->isEnabled());
+    pollfd readable{static_cast<int>(notifier->socket()), POLLIN, 0};
+    QCOMPARE(::poll(&readable, 1, 0), 0);
     QCOMPARE(resultOfTermination(), 0);
 }
 

@@ -15,7 +15,7 @@ public:
     {
     }
 
-    /// Clicks on a box of the palette. False if no list shows itself.
+    /// Presses on a box of the palette and leaves its list open, the pointer beside it. False if no list shows itself.
     [[nodiscard]] bool openList(QPoint box, const Program& program) const;
     [[nodiscard]] bool isListOpen(const Program& program) const;
     /// Where to click for an entry of the open list.
