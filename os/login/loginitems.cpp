@@ -11,7 +11,7 @@ constexpr int notFound = -1;
 
 enum class Operation { List, Add, Remove };
 
-// Part of the interface letter by letter, "intem" included.
+// The words are given, "intem" included.
 const char* messageFormat(Operation operation)
 {
     switch (operation) {
