@@ -1,0 +1,44 @@
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace osUtils::Login {
+
+/// Owns an open file and closes it. Whether opening it succeeded is for the caller to ask.
+class FileDescriptor {
+public:
+    FileDescriptor() = default;
+    /// @param opened  a descriptor that nobody else closes, or -1
+    explicit FileDescriptor(int opened)
+        : descriptor(opened)
+    {
+    }
+    FileDescriptor(FileDescriptor&& other) noexcept
+        : descriptor(std::exchange(other.descriptor, -1))
+    {
+    }
+    FileDescriptor& operator=(FileDescriptor&& other) noexcept
+    {
+        std::swap(descriptor, other.descriptor);
+        return *this;
+    }
+    FileDescriptor(const FileDescriptor&) = delete;
+    FileDescriptor& operator=(const FileDescriptor&) = delete;
+    ~FileDescriptor()
+    {
+        if (isOpen())
+            ::close(descriptor);
+    }
+
+    [[nodiscard]] bool isOpen() const { return descriptor != -1; }
+    [[nodiscard]] int number() const { return descriptor; }
+    /// Leaves closing to somebody else.
+    void release() { descriptor = -1; }
+
+private:
+    int descriptor = -1;
+};
+
+}

@@ -1,0 +1,24 @@
+#pragma once
+
+#include "os/login/loginitemservice.h"
+
+#include <string>
+#include <vector>
+
+namespace TestSupport {
+
+using Paths = std::vector<std::string>;
+
+/// Paths of all login items, in their order.
+inline Paths listedPaths()
+{
+    LoginItemArrayRef items;
+    if (LIAECopyLoginItems(items) != LoginItemStatus::success)
+        return {"not listed"};
+    Paths paths;
+    for (const LoginItem& item : *items)
+        paths.push_back(item.URL->path());
+    return paths;
+}
+
+}

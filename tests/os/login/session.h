@@ -1,0 +1,132 @@
+#pragma once
+
+#include <QByteArray>
+#include <QtGlobal>
+
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <map>
+#include <set>
+#include <string>
+#include <system_error>
+
+#include <unistd.h>
+
+namespace TestSupport {
+
+using Path = std::filesystem::path;
+
+inline void writeFile(const Path& path, const std::string& bytes)
+{
+    std::filesystem::create_directories(path.parent_path());
+    std::ofstream(path, std::ios::binary) << bytes;
+}
+
+inline std::string readFile(const Path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Names of what a folder holds, those that begin with a dot included.
+inline std::set<std::string> namesIn(const Path& folder)
+{
+    std::set<std::string> names;
+    for (const auto& file : std::filesystem::directory_iterator(folder))
+        names.insert(file.path().filename().native());
+    return names;
+}
+
+/// What the process writes to standard output meanwhile.
+inline std::string printedBy(const std::function<void()>& deed)
+{
+    std::fflush(stdout);
+    const int output = dup(STDOUT_FILENO);
+    std::FILE* const capture = std::tmpfile();
+    dup2(fileno(capture), STDOUT_FILENO);
+    deed();
+    std::fflush(stdout);
+    dup2(output, STDOUT_FILENO);
+    close(output);
+    std::rewind(capture);
+    std::string printed;
+    for (int character; (character = std::fgetc(capture)) != EOF;)
+        printed += static_cast<char>(character);
+    std::fclose(capture);
+    return printed;
+}
+
+/// The environment of a user of the test's own, whose folders are empty; the one before is back
+/// when the object dies.
+class Session {
+public:
+    Session()
+    {
+        // Not the toolkit's folder, which cannot remove files whose names are no text.
+        std::string name = std::filesystem::temp_directory_path() / "korvel-session-XXXXXX";
+        folder = mkdtemp(name.data());
+        set("HOME", home());
+        set("XDG_CONFIG_HOME", home() / "config");
+        set("XDG_CONFIG_DIRS", root() / "system/config");
+        set("XDG_DATA_HOME", home() / "data");
+        set("XDG_DATA_DIRS", root() / "system/data");
+        set("PATH", programs().native() + ":/usr/bin:/bin");
+        std::filesystem::create_directories(home());
+        std::filesystem::create_directories(programs());
+    }
+    ~Session()
+    {
+        for (const auto& [name, value] : before)
+            value.isNull() ? qunsetenv(name.c_str()) : qputenv(name.c_str(), value);
+        std::error_code error;
+        std::filesystem::remove_all(folder, error);
+    }
+    Session(const Session&) = delete;
+    Session& operator=(const Session&) = delete;
+
+    [[nodiscard]] Path root() const { return folder; }
+    [[nodiscard]] Path home() const { return root() / "home"; }
+    /// A folder on the PATH.
+    [[nodiscard]] Path programs() const { return root() / "programs"; }
+    [[nodiscard]] Path autostart() const { return home() / "config/autostart"; }
+    [[nodiscard]] Path applications() const { return home() / "data/applications"; }
+    [[nodiscard]] Path systemApplications() const { return root() / "system/data/applications"; }
+
+    void set(const char* name, const std::string& value)
+    {
+        before.try_emplace(name, qgetenv(name));
+        qputenv(name, QByteArray::fromStdString(value));
+    }
+    void unset(const char* name)
+    {
+        before.try_emplace(name, qgetenv(name));
+        qunsetenv(name);
+    }
+
+    /// Makes a program that does what the script says.
+    /// @param name  file name or path below programs()
+    /// @return  its path
+    std::string addProgram(const std::string& name, const std::string& script = "") const
+    {
+        const Path program = programs() / name;
+        writeFile(program, "#!/bin/sh\n" + script);
+        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+        return program.native();
+    }
+
+    /// Makes an entry in the autostart folder, as another program would.
+    void addEntry(const std::string& fileName, const std::string& lines) const
+    {
+        writeFile(autostart() / fileName, "[Desktop Entry]\n" + lines);
+    }
+
+private:
+    Path folder;
+    std::map<std::string, QByteArray> before;
+};
+
+}
