@@ -122,21 +122,15 @@ void PenFrame::mousePressEvent(QMouseEvent* event)
 void PenFrame::mouseMoveEvent(QMouseEvent* event)
 {
     // A segment that no paint has asked for, the frame being hidden, is ink nevertheless.
-    const bool growsStroke = drawing && isFreehand();
-    if (growsStroke)
+    if (drawing && isFreehand())
         extendStroke();
-    const QRect before = growsStroke ? QRect() : liveBox();
+    else
+        markDirty(liveBox());
     previousPoint = currentPoint;
     currentPoint = event->position();
     segmentPending = drawing;
-    markReplaced(before, liveBox());
+    markDirty(liveBox());
     repaintDirty();
-}
-
-void PenFrame::markReplaced(const QRect& before, const QRect& after)
-{
-    // One rectangle for shapes: behind a clip of several the toolkit fills an ellipse's edge otherwise.
-    markDirty(isFreehand() ? QRegion(before) + after : QRegion(before | after));
 }
 
 void PenFrame::mouseReleaseEvent(QMouseEvent* event)

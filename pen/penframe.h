@@ -49,7 +49,6 @@ protected:
 private:
     [[nodiscard]] bool isFreehand() const;
     [[nodiscard]] QRect liveBox() const;
-    void markReplaced(const QRect& before, const QRect& after);
     void makePen();
     void computeRect();
     void draw(QPainter* painter);
