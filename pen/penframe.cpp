@@ -10,6 +10,7 @@
 #include <QBitmap>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 
 namespace VcAction::Frame {
 
@@ -29,6 +30,15 @@ constexpr QPoint cursorHotSpot(6, 29);
 constexpr QColor almostTransparent(0, 0, 0, 1);
 /// Percentage of the round rectangle's half sides.
 constexpr qreal roundness = 25;
+
+// By way of a path: the toolkit's own ellipses, unless smoothed, reach pixels beyond their box when
+// they are flat (seen in Qt 6.4.2), and would leave a trail.
+void drawEllipse(QPainter* painter, const QRect& box)
+{
+    QPainterPath ellipse;
+    ellipse.addEllipse(box);
+    painter->drawPath(ellipse);
+}
 
 double opacityFor(bool transparent)
 {
@@ -242,7 +252,7 @@ void PenFrame::draw(QPainter* painter)
     case Ellipse:
         painter->setPen(Qt::NoPen);
         painter->setBrush(QBrush(color, Qt::SolidPattern));
-        painter->drawEllipse(QRect(start, current));
+        drawEllipse(painter, QRect(start, current));
         break;
     case Rectangle:
         painter->setPen(Qt::NoPen);

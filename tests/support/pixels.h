@@ -59,18 +59,6 @@ inline QRect differingBox(const QImage& first, const QImage& second)
     return box;
 }
 
-/// How many device pixels of two images of the same size differ.
-inline int differingPixels(const QImage& first, const QImage& second)
-{
-    const QRect box = differingBox(first, second);
-    int count = 0;
-    for (int y = box.top(); y <= box.bottom(); ++y) {
-        for (int x = box.left(); x <= box.right(); ++x)
-            count += first.pixel(x, y) != second.pixel(x, y) ? 1 : 0;
-    }
-    return count;
-}
-
 /// The area outside which everything is of the paper's colour; empty for a blank image.
 inline QRectF inkBox(const QImage& image, const QColor& paper)
 {
