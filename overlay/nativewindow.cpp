@@ -63,6 +63,7 @@ void NativeWindow::setOpaque(bool wanted)
 
 void NativeWindow::raiseAboveAll()
 {
+    aboveAll = true;
     platform().raiseAboveAll(*widget.windowHandle());
 }
 
@@ -99,7 +100,10 @@ void NativeWindow::watchChildren()
 
 void NativeWindow::windowChanged(QEvent* event)
 {
-    if (event->type() == QEvent::WinIdChange) {
+    if (event->type() == QEvent::Show) {
+        settled = false;
+    } else if (event->type() == QEvent::WinIdChange) {
+        settled = false;
         watchNativeWindow();
         applyAll();
     } else if (event->type() == QEvent::Resize) {
@@ -111,11 +115,16 @@ void NativeWindow::windowChanged(QEvent* event)
     }
 }
 
-void NativeWindow::nativeWindowChanged(QEvent* event) const
+void NativeWindow::nativeWindowChanged(QEvent* event)
 {
     // The first exposure follows the map, when the window manager has put its frames around.
-    if (event->type() == QEvent::Expose)
-        applyAll();
+    if (event->type() != QEvent::Expose || settled)
+        return;
+    settled = true;
+    applyAll();
+    // Asked of a window that was not mapped, it was not heard.
+    if (aboveAll)
+        platform().raiseAboveAll(*widget.windowHandle());
 }
 
 void NativeWindow::applyAll() const

@@ -23,6 +23,8 @@ public:
     void setIgnoresMouse(bool ignore);
     void setOpaque(bool opaque);
     void raiseAboveAll();
+    /// Also where the window manager has just taken the keyboard from a dialog that was closed. Nothing
+    /// happens while the window is hidden.
     void takeKeyboard();
 
 protected:
@@ -34,7 +36,7 @@ private:
     void watchNativeWindow();
     void watchChildren();
     void windowChanged(QEvent* event);
-    void nativeWindowChanged(QEvent* event) const;
+    void nativeWindowChanged(QEvent* event);
     void applyAll() const;
     void applyShadow() const;
     void applyInputRegion() const;
@@ -45,6 +47,9 @@ private:
     std::optional<bool> shadow;
     std::optional<bool> ignoresMouse;
     std::optional<bool> opaque;
+    bool aboveAll = false;
+    /// Whether the window has been exposed since it was shown, its frames being around it.
+    bool settled = false;
 };
 
 /// Where a window that lets the mouse through still catches it: over its visible child widgets.

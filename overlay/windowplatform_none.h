@@ -4,7 +4,8 @@
 
 namespace Helpers::NQt {
 
-/// A window system without these properties: every request is harmless and without effect.
+/// A window system without these properties: every request is harmless and without effect,
+/// but for the keyboard, which the toolkit is asked for.
 class WindowPlatformNone : public WindowPlatform {
 public:
     void setShadow(const QWindow& window, bool shadow) const override;

@@ -30,11 +30,6 @@ void bringToMegaTop(QWidget* widget)
     NativeWindow::of(*widget).raiseAboveAll();
 }
 
-void takeKeyboard(QWidget* widget)
-{
-    NativeWindow::of(*widget).takeKeyboard();
-}
-
 int findScreenHoldingMouse()
 {
     QList<QRect> geometries;

@@ -23,10 +23,6 @@ void setWindowTransparency(QWidget* widget, bool transparent);
 /// Raises the window above ordinary, floating and dock windows.
 void bringToMegaTop(QWidget* widget);
 
-/// Gives the window the keyboard, also where the window manager has just taken it from a dialog that
-/// was closed. Nothing happens while the window is hidden.
-void takeKeyboard(QWidget* widget);
-
 /// Number of the screen that holds the mouse pointer, as the toolkit lists them.
 [[nodiscard]] int findScreenHoldingMouse();
 

@@ -88,7 +88,7 @@ void PenFrame::setStyle(int penStyle)
 {
     // The next repaint takes away what the old style has on the screen.
     markDirty(liveBox());
-    if (drawing && isFreehand()) {
+    if (drawing && isFreehand() && penStyle != Freehand) {
         markDirty(strokeRect);
         clearStrokeLayer();
     }
@@ -145,16 +145,23 @@ void PenFrame::mouseMoveEvent(QMouseEvent* event)
 
 void PenFrame::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton && drawing) {
+    if (event->button() == Qt::LeftButton) {
         markDirty(liveBox());
         if (isFreehand() && !getDrawBack()) {
             setDrawBack(true);
             markDirty(rect());
         }
-        drawing = false;
-        drawNewPolygon();
+        // Without its press there is nothing to commit: that went to a list which it has closed.
+        if (drawing)
+            finishDrawing();
     }
     repaintDirty();
+}
+
+void PenFrame::finishDrawing()
+{
+    drawing = false;
+    drawNewPolygon();
 }
 
 void PenFrame::wheelEvent(QWheelEvent* event)
@@ -174,7 +181,10 @@ QRect PenFrame::liveBox() const
 {
     if (isFreehand())
         return touchedBox(drawing ? previousPoint : currentPoint, currentPoint, penSize);
-    return drawing ? shapeBox(startPoint.toPoint(), currentPoint.toPoint()) : QRect();
+    if (!drawing)
+        return QRect();
+    // As for the pen's tip: at a fractional ratio a pixel more is repainted than is drawn.
+    return shapeBox(startPoint.toPoint(), currentPoint.toPoint()).adjusted(-2, -2, 2, 2);
 }
 
 void PenFrame::computeRect()

@@ -57,6 +57,7 @@ private:
     void showStroke(QPaintDevice* device);
     void showPrimitive(QPaintDevice* device);
     void showPenTip(QPaintDevice* device);
+    void finishDrawing();
     void drawNewPolygon();
     void commitStroke();
     void clearStrokeLayer();
@@ -78,7 +79,7 @@ private:
     QPointF previousPoint;
     /// The area that the present paint's live part is clipped to.
     QRect drawRect;
-    /// All drawRects of the present stroke.
+    /// All drawRects since the last press.
     QRect strokeRect;
     QPixmap cursorPixmap;
     QPixmap pointerMul;

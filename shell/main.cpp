@@ -16,6 +16,8 @@ int main(int argc, char** argv)
     settings.setValue("resourceFile", "vellumcraft.rcc");
 
     Helpers::NQt::NorvikApplication application(settings, argc, argv);
+    // From here on a fatal message is a fault to be looked into.
+    qInstallMessageHandler(nullptr);
     const PenArguments pen = penArguments(QCoreApplication::arguments());
 
     VcAction::Frame::PenFrame overlay(nullptr, pen.size, pen.color(), freehand, pen.transparent);

@@ -3,7 +3,7 @@
 #include "action/toolbar/actiontoolbar.h"
 #include "action/widget/wheelsteps.h"
 #include "overlay/layerpixmap.h"
-#include "overlay/windowutils.h"
+#include "overlay/nativewindow.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -83,11 +83,11 @@ void VcColorComboBox::openColorDialog()
         setCurrentIndex(lastIndex);
 
     // Not every window manager hands the keyboard back to the frame when its dialog is gone.
-    Helpers::NQt::Utils::takeKeyboard(this);
+    Helpers::NQt::NativeWindow::of(*this).takeKeyboard();
     QTimer::singleShot(dialogGoneMs, this, [this] {
         // Not from what the user has opened meanwhile.
         if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget())
-            Helpers::NQt::Utils::takeKeyboard(this);
+            Helpers::NQt::NativeWindow::of(*this).takeKeyboard();
     });
 }
 

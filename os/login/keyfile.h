@@ -20,7 +20,7 @@ public:
 
     /// The value with its escapes resolved, wrong ones left as they are; none without the key.
     [[nodiscard]] std::optional<std::string> value(const char* key) const;
-    /// Whether the value is "true".
+    /// Whether the value is "true", or "1" as old entries have it.
     [[nodiscard]] bool isTrue(const char* key) const;
     void setValue(const char* key, const std::string& value);
 

@@ -38,7 +38,7 @@ bool removeLoginItemWithPath(const std::string& path);
 ///
 /// Only a listing makes such objects: one made by the caller is never found, whatever it says. As
 /// long as somebody holds an object, every listing of the process gives it for its item again; an
-/// item whose program has been changed since, or that was removed and added again, has another.
+/// item whose program has been changed since, or that was removed and added again here, has another.
 [[nodiscard]] int indexForLoginItemWithURL(const LoginItemUrlRef& url);
 /// Removes that item, as removeLoginItemWithPath() does.
 bool removeLoginItemWithURL(const LoginItemUrlRef& url);

@@ -1,5 +1,9 @@
 #include "os/process/installedapplications.h"
 
+#include "os/login/entryfile.h"
+#include "os/login/userfolders.h"
+
+#include <fcntl.h>
 #include <glib.h>
 
 #include <algorithm>
@@ -31,8 +35,12 @@ std::string textOf(const Text& text)
 /// The entry of an application; none for other kinds, for deleted entries and what is no entry.
 std::optional<ApplicationEntry> readEntry(const std::string& id, const fs::path& path)
 {
+    std::optional<std::string> bytes;
+    if (Login::readEntryFile(AT_FDCWD, path.native(), bytes) != LoginItemStatus::success || !bytes)
+        return std::nullopt;
     const KeyFile file(g_key_file_new());
-    if (!g_key_file_load_from_file(file.get(), path.c_str(), G_KEY_FILE_NONE, nullptr))
+    if (!g_key_file_load_from_data(file.get(), bytes->data(), bytes->size(), G_KEY_FILE_NONE,
+                                   nullptr))
         return std::nullopt;
     const auto text = [&file](const char* key) {
         return textOf(Text(g_key_file_get_string(file.get(), group, key, nullptr)));
@@ -65,21 +73,13 @@ std::map<std::string, fs::path> entryFiles(const fs::path& folder)
     return files;
 }
 
-std::vector<fs::path> applicationFolders()
-{
-    std::vector<fs::path> folders{fs::path(g_get_user_data_dir()) / "applications"};
-    for (const char* const* folder = g_get_system_data_dirs(); *folder; ++folder)
-        folders.push_back(fs::path(*folder) / "applications");
-    return folders;
-}
-
 }
 
 std::vector<ApplicationEntry> installedApplications()
 {
     std::vector<ApplicationEntry> applications;
     std::map<std::string, fs::path> seen;
-    for (const fs::path& folder : applicationFolders()) {
+    for (const std::string& folder : Login::applicationPaths()) {
         for (const auto& [id, path] : entryFiles(folder)) {
             if (!seen.emplace(id, path).second)
                 continue;

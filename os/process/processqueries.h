@@ -42,10 +42,11 @@ void getPidInfos(pidInfos* info);
 
 /// The process of the window manager's active window, or without one that of the window which gets
 /// the keys; -1 when none can be known: no X11 display (another window system, or none), no such
-/// window, or one that does not tell its process or runs on another machine.
+/// window, or one that does not tell its process or runs on another machine. A program that runs in
+/// a process namespace of its own may tell a number that is another's outside.
 ///
-/// Asks over the toolkit's connection if it has one, else over one of its own to $DISPLAY. A server
-/// there that does not answer is given up after three seconds; until it answers or goes away,
+/// Asks over the toolkit's connection if it has one, and then waits as the toolkit does, else over
+/// one of its own to $DISPLAY. A server there that does not answer is given up after three seconds; until it answers or goes away,
 /// further questions find nothing at once.
 [[nodiscard]] int getCurrentFocusProcess();
 
@@ -72,7 +73,8 @@ void getPidInfos(pidInfos* info);
 /// to the caller's own process group.
 bool closeProcess(int pid);
 
-/// closeProcess() with the id that getProcessId() finds, also if that is -1.
+/// closeProcess() with the id that getProcessId() finds, also if that is -1. Beware as above: the
+/// programs that the system starts first have such small ids.
 bool closeProcess(const std::string& name);
 
 }

@@ -3,6 +3,7 @@
 #include <functional>
 
 #include <csignal>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -12,11 +13,16 @@ namespace TestSupport {
 class ChildProcess {
 public:
     explicit ChildProcess(const std::function<bool()>& deed)
-        : pid(fork())
+        : parent(getpid())
+        , pid(fork())
     {
-        // Without the ends of the test program, whose output would appear twice.
         if (pid == 0)
-            _exit(deed() ? 0 : 1);
+            live(deed);
+        // Without a child there is nobody to wait for, and above all nobody to kill: -1 is everybody.
+        if (pid < 0) {
+            isOver = true;
+            status = failedStart;
+        }
     }
     ~ChildProcess()
     {
@@ -28,7 +34,7 @@ public:
 
     void kill() const
     {
-        if (!isOver)
+        if (!isOver && pid > 0)
             ::kill(pid, SIGKILL);
     }
     /// Waits for the end.
@@ -56,6 +62,20 @@ public:
     }
 
 private:
+    // As of a child that exited with 1.
+    static constexpr int failedStart = 1 << 8;
+
+    [[noreturn]] void live(const std::function<bool()>& deed) const
+    {
+        // Ends with the test program, also when that is killed.
+        prctl(PR_SET_PDEATHSIG, SIGKILL);
+        if (getppid() != parent)
+            _exit(1);
+        // Without the ends of the test program, whose output would appear twice.
+        _exit(deed() ? 0 : 1);
+    }
+
+    pid_t parent;
     pid_t pid;
     bool isOver = false;
     int status = 0;
