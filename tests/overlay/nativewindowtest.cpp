@@ -115,6 +115,7 @@ private slots:
 
     void theTopLayerIsAskedFor_data();
     void theTopLayerIsAskedFor();
+    void theTopLayerIsAskedForAgainWhenTheWindowIsShown();
     void theWindowIsRaised();
 
 private:
@@ -529,6 +530,24 @@ void NativeWindowTest::theTopLayerIsAskedFor()
     constexpr quint32 ordinaryProgram = 1;
     QCOMPARE(probe(window).atoms("_NET_WM_WINDOW_TYPE").value(0), type);
     QVERIFY(
+        watch.requests().contains({window.id(), add, {"_NET_WM_STATE_ABOVE"}, ordinaryProgram}));
+}
+
+void NativeWindowTest::theTopLayerIsAskedForAgainWhenTheWindowIsShown()
+{
+    // given
+    const AnnouncedWindowManager announced(x, "Openbox");
+    Window window;
+    Utils::bringToMegaTop(&window);
+    StateRequestWatch watch;
+
+    // when
+    QVERIFY(show(window));
+
+    // then
+    constexpr quint32 add = 1;
+    constexpr quint32 ordinaryProgram = 1;
+    QTRY_VERIFY(
         watch.requests().contains({window.id(), add, {"_NET_WM_STATE_ABOVE"}, ordinaryProgram}));
 }
 
