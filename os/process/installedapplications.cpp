@@ -38,8 +38,9 @@ std::optional<ApplicationEntry> readEntry(const std::string& id, const fs::path&
     std::optional<std::string> bytes;
     if (Login::readEntryFile(AT_FDCWD, path.native(), bytes) != LoginItemStatus::success || !bytes)
         return std::nullopt;
+    const std::string& content = *bytes;
     const KeyFile file(g_key_file_new());
-    if (!g_key_file_load_from_data(file.get(), bytes->data(), bytes->size(), G_KEY_FILE_NONE,
+    if (!g_key_file_load_from_data(file.get(), content.data(), content.size(), G_KEY_FILE_NONE,
                                    nullptr))
         return std::nullopt;
     const auto text = [&file](const char* key) {
