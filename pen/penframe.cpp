@@ -12,6 +12,8 @@
 #include <QPainter>
 #include <QPainterPath>
 
+#include <utility>
+
 namespace VcAction::Frame {
 
 using Helpers::NQt::layerPixmap;
@@ -152,16 +154,10 @@ void PenFrame::mouseReleaseEvent(QMouseEvent* event)
             markDirty(rect());
         }
         // Without its press there is nothing to commit: that went to a list which it has closed.
-        if (drawing)
-            finishDrawing();
+        if (std::exchange(drawing, false))
+            drawNewPolygon();
     }
     repaintDirty();
-}
-
-void PenFrame::finishDrawing()
-{
-    drawing = false;
-    drawNewPolygon();
 }
 
 void PenFrame::wheelEvent(QWheelEvent* event)

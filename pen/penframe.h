@@ -57,7 +57,6 @@ private:
     void showStroke(QPaintDevice* device);
     void showPrimitive(QPaintDevice* device);
     void showPenTip(QPaintDevice* device);
-    void finishDrawing();
     void drawNewPolygon();
     void commitStroke();
     void clearStrokeLayer();

@@ -1,10 +1,10 @@
 #include "os/process/installedapplications.h"
 
 #include "os/login/entryfile.h"
+#include "os/login/glibowner.h"
 #include "os/login/userfolders.h"
 
 #include <fcntl.h>
-#include <glib.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -20,14 +20,7 @@ namespace fs = std::filesystem;
 
 constexpr auto group = G_KEY_FILE_DESKTOP_GROUP;
 
-struct Release {
-    void operator()(GKeyFile* file) const { g_key_file_free(file); }
-    void operator()(char* text) const { g_free(text); }
-};
-using KeyFile = std::unique_ptr<GKeyFile, Release>;
-using Text = std::unique_ptr<char, Release>;
-
-std::string textOf(const Text& text)
+std::string textOf(const Login::GlibText& text)
 {
     return text ? text.get() : std::string{};
 }
@@ -39,18 +32,18 @@ std::optional<ApplicationEntry> readEntry(const std::string& id, const fs::path&
     if (Login::readEntryFile(AT_FDCWD, path.native(), bytes) != LoginItemStatus::success || !bytes)
         return std::nullopt;
     const std::string& content = *bytes;
-    const KeyFile file(g_key_file_new());
+    const std::unique_ptr<GKeyFile, Login::FreeFromGlib> file(g_key_file_new());
     if (!g_key_file_load_from_data(file.get(), content.data(), content.size(), G_KEY_FILE_NONE,
                                    nullptr))
         return std::nullopt;
     const auto text = [&file](const char* key) {
-        return textOf(Text(g_key_file_get_string(file.get(), group, key, nullptr)));
+        return textOf(Login::GlibText(g_key_file_get_string(file.get(), group, key, nullptr)));
     };
     if (text(G_KEY_FILE_DESKTOP_KEY_TYPE) != G_KEY_FILE_DESKTOP_TYPE_APPLICATION
         || g_key_file_get_boolean(file.get(), group, G_KEY_FILE_DESKTOP_KEY_HIDDEN, nullptr))
         return std::nullopt;
-    const Text name(g_key_file_get_locale_string(file.get(), group, G_KEY_FILE_DESKTOP_KEY_NAME,
-                                                 nullptr, nullptr));
+    const Login::GlibText name(g_key_file_get_locale_string(
+        file.get(), group, G_KEY_FILE_DESKTOP_KEY_NAME, nullptr, nullptr));
     return ApplicationEntry{id, textOf(name), text(G_KEY_FILE_DESKTOP_KEY_STARTUP_WM_CLASS)};
 }
 
@@ -63,7 +56,7 @@ std::map<std::string, fs::path> entryFiles(const fs::path& folder)
                                            error);
     for (; !error && entry != fs::recursive_directory_iterator(); entry.increment(error)) {
         std::error_code unreadable;
-        if (entry->path().extension() != ".desktop" || !entry->is_regular_file(unreadable))
+        if (entry->path().extension() != Login::entrySuffix || !entry->is_regular_file(unreadable))
             continue;
         // Folders become part of the id: kde4/dolphin.desktop has the id kde4-dolphin.
         fs::path relative = entry->path().lexically_relative(folder);
