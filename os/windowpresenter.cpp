@@ -21,6 +21,12 @@ bool isOverlay(const QWindow& window)
         && (window.flags() & overlayFlags) == overlayFlags;
 }
 
+bool isDialogOfOverlay(const QWindow& window)
+{
+    return window.type() == Qt::Dialog && window.transientParent()
+        && isOverlay(*window.transientParent());
+}
+
 bool coversScreen(const QWindow& window)
 {
     const QList<QScreen*> screens = QGuiApplication::screens();
@@ -50,16 +56,37 @@ void WindowPresenter::setCovering(bool wanted)
 
 bool WindowPresenter::eventFilter(QObject* watched, QEvent* event)
 {
-    // The show event comes before the window is mapped: the window manager never sees it otherwise.
-    if (covering && event->type() == QEvent::Show && watched->isWindowType()) {
+    if (covering && watched->isWindowType()) {
         auto& window = static_cast<QWindow&>(*watched);
         if (isOverlay(window))
-            present(window);
+            overlayChanged(window, *event);
+        else if (event->type() == QEvent::Show && isDialogOfOverlay(window))
+            window.setFlag(
+                Qt::WindowStaysOnTopHint); // else openbox puts it under an overlay's dock
     }
     return QObject::eventFilter(watched, event);
 }
 
-void WindowPresenter::present(QWindow& window) const
+void WindowPresenter::overlayChanged(QWindow& window, const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::Show:
+        // It comes before the window is mapped: the window manager never sees it otherwise.
+        keyboard.remember();
+        present(window);
+        break;
+    case QEvent::Expose:
+        insistOnPlace(window);
+        break;
+    case QEvent::Close:
+        keyboard.giveBack();
+        break;
+    default:
+        break;
+    }
+}
+
+void WindowPresenter::present(QWindow& window)
 {
     if (!X11::isAvailable())
         return;
@@ -70,6 +97,21 @@ void WindowPresenter::present(QWindow& window) const
     window.setMinimumSize(window.size());
     window.setMaximumSize(window.size());
     window.setWindowStates(layer.fullScreen ? Qt::WindowFullScreen : Qt::WindowNoState);
+    if (layer.fullScreen)
+        return;
+    places[&window] = window.geometry();
+    // A shown overlay that its tool has resized: with the hints of its old size it was held to that.
+    const qreal ratio = window.devicePixelRatio();
+    X11::requestSize(window.winId(), (QSizeF(window.size()) * ratio).toSize());
+}
+
+void WindowPresenter::insistOnPlace(QWindow& window)
+{
+    // I3 (seen in 4.22) takes the corner of the desktop for no place at all and puts the window into the
+    // middle. Once it is mapped, a request is heard.
+    const auto place = places.extract(&window);
+    if (!place.empty() && window.geometry() != place.mapped())
+        window.setGeometry(place.mapped());
 }
 
 }

@@ -15,7 +15,7 @@ struct ManagerRecipe {
     Environment environment = {}; ///< on top of the home's
     QByteArrayList desktopCommand =
         {}; ///< switches to the virtual desktop whose name, counted from
-        ///< 1, follows; by message to the root window if empty
+    ///< 1, follows; by message to the root window if empty
 };
 
 /// The row of this name; null if there is none.
