@@ -42,7 +42,7 @@ void BorrowedKeyboard::giveBack() const
 {
     if (lender != 0 && X11::isAvailable() && handsItToSomebodyElse(X11::windowManagerName())
         && isOurs(X11::focusedWindow()))
-        X11::giveKeyboard(lender);
+        X11::activate(lender);
 }
 
 }

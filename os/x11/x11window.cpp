@@ -117,7 +117,11 @@ void activate(WId window)
     askWindowManager(window, "_NET_ACTIVE_WINDOW", {2, 0});
     // Xfwm4 (seen in 4.18) takes a dock for focused already when its dialog is gone, and the keyboard
     // is nobody's. Where no window manager runs, nobody hears the request.
-    giveKeyboard(window);
+    // Checked, so that the toolkit does not report the error where the window is gone or not on the
+    // screen.
+    const auto cookie = xcb_set_input_focus_checked(connection(), XCB_INPUT_FOCUS_PARENT,
+                                                    toWindow(window), XCB_CURRENT_TIME);
+    const ReplyPointer<xcb_generic_error_t> error(xcb_request_check(connection(), cookie));
 }
 
 WId focusedWindow()
@@ -126,15 +130,6 @@ WId focusedWindow()
     const ReplyPointer<xcb_get_input_focus_reply_t> reply(
         xcb_get_input_focus_reply(connection(), cookie, nullptr));
     return reply && reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT ? reply->focus : 0;
-}
-
-void giveKeyboard(WId window)
-{
-    // Checked, so that the toolkit does not report the error where the window is gone or not on the
-    // screen.
-    const auto cookie = xcb_set_input_focus_checked(connection(), XCB_INPUT_FOCUS_PARENT,
-                                                    toWindow(window), XCB_CURRENT_TIME);
-    const ReplyPointer<xcb_generic_error_t> error(xcb_request_check(connection(), cookie));
 }
 
 void requestSize(WId window, QSize size)

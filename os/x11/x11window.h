@@ -29,13 +29,12 @@ void setWindowLayer(WId window, const System::WindowLayer& layer);
 /// Asks the window manager to keep a mapped window above others.
 void keepAbove(WId window);
 
-/// Gives a mapped window the keyboard, and tells the window manager that the user wants it.
+/// Gives a window, of whatever program, the keyboard, and tells the window manager that the user wants
+/// it. Nothing happens if it is gone or not on the screen.
 void activate(WId window);
 
 /// The window that gets the keys; 0 if none does.
 [[nodiscard]] WId focusedWindow();
-/// Gives the keyboard to a window of whatever program, if it is still there and on the screen.
-void giveKeyboard(WId window);
 
 /// Asks once more for a size that the window manager may have refused.
 /// @param size  in device pixels

@@ -40,6 +40,7 @@ private slots:
     void aWindowManagerIsKnownByItsName_data();
     void aWindowManagerIsKnownByItsName();
     void aCrashedWindowManagerHasNoName();
+    void aCrashedWindowManagersNumberIsNoName();
     void aBrokenAnnouncementIsNoName_data();
     void aBrokenAnnouncementIsNoName();
     void aLayerIsATypeFollowedByTheNormalOne_data();
@@ -104,6 +105,24 @@ void X11WindowTest::aCrashedWindowManagerHasNoName()
     // given
     AnnouncedWindowManager manager(x, "Openbox");
     manager.crash();
+
+    // when
+    const QByteArray found = X11::windowManagerName();
+
+    // then
+    QCOMPARE(found, QByteArray());
+}
+
+void X11WindowTest::aCrashedWindowManagersNumberIsNoName()
+{
+    // given
+    QWindow other; // has got the number of the window that announced it
+    other.setTitle("Openbox");
+    other.create();
+    const xcb_window_t number = idOf(other);
+    xcb_change_property(x.raw(), XCB_PROP_MODE_REPLACE, x.root(),
+                        x.atom("_NET_SUPPORTING_WM_CHECK"), XCB_ATOM_WINDOW, 32, 1, &number);
+    x.synchronise();
 
     // when
     const QByteArray found = X11::windowManagerName();

@@ -27,13 +27,14 @@ void LeavingTest::windowsLieWhereTheyLay()
     const ClientWindow document = client(ClientWindow::Kind::Ordinary, Document, Qt::red);
     EVENTUALLY(shows(panel, Qt::green) && shows(above, Qt::blue)
                && desktop->windows.isOnScreen(document.id()));
-    const QImage before = settledPicture();
     const auto places = [&] {
         return QList<QRect>{desktop->windows.geometry(panel.id()),
                             desktop->windows.geometry(above.id()),
                             desktop->windows.geometry(document.id())};
     };
     const QList<QRect> placesBefore = places();
+    QVERIFY(clickInto(document));
+    const QImage before = settledPicture();
     const bool wasAbove = desktop->windows.isAbove(above.id(), document.id());
     Program korvel(*desktop);
     EVENTUALLY(korvel.isReady());

@@ -84,8 +84,9 @@ void PopupsTest::theDialogOpensAboveTheFrame()
 void PopupsTest::theDialogIsUsedWithTheMouse()
 {
     // given
-    constexpr QPoint lastBasicColour(220, 155); // in the dialog: white
-    constexpr QPoint confirm(-130, -22); // from its bottom-right corner
+    constexpr QPoint lastBasicColour(221, 162); // in the dialog: white
+    constexpr QPoint preview(300, 290); // of the colour chosen
+    constexpr QPoint confirm(-138, -24); // from its bottom-right corner
     Program korvel(*desktop);
     EVENTUALLY(korvel.isReady());
     QVERIFY(desktop->controls.openColourDialog(korvel));
@@ -94,6 +95,7 @@ void PopupsTest::theDialogIsUsedWithTheMouse()
 
     // when
     desktop->pointer.click(place.topLeft() + lastBasicColour);
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(place.topLeft() + preview), QColor(Qt::white));
     desktop->pointer.click(place.bottomRight() + confirm);
 
     // then

@@ -82,6 +82,8 @@ void SmallFrameTest::itIsResizedByItsTool()
 void SmallFrameTest::itHasNoShadow()
 {
     // given
+    if (managerName() == "xfwm4-compositing")
+        QSKIP("its own compositor heeds no property of a window");
     const QImage before = blanked(settledPicture(), {Frame});
 
     // when
