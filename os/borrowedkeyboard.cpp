@@ -18,9 +18,9 @@ bool isOurs(WId id)
     });
 }
 
-// Xfwm4 (seen in 4.18) and marco (1.26) hand the keyboard to the topmost window, an always-on-top one,
-// and without a window manager nobody has it. The others know better than we do: kwin (5.27) would
-// show panels above a full-screen program that has got the keyboard from us.
+// Xfwm4 (seen in 4.18) and marco (1.26) hand the keyboard to the topmost window, an always-on-top
+// one, and without a window manager nobody has it. The others know better than we do: kwin (5.27)
+// would show panels above a full-screen program that has got the keyboard from us.
 bool handsItToSomebodyElse(const QByteArray& windowManager)
 {
     const QByteArray name = windowManager.toLower();

@@ -9,8 +9,8 @@ namespace osUtils::System {
 
 namespace {
 
-// They move an overlay that is smaller than the screen into the work area, beside the panels, whatever
-// its type; not so a dock. GNOME Shell manages windows by mutter.
+// They move an overlay that is smaller than the screen into the work area, beside the panels,
+// whatever its type; not so a dock. GNOME Shell manages windows by mutter.
 constexpr std::array keepingOthersInWorkArea{"openbox", "metacity", "marco", "mutter",
                                              "gnome shell"};
 
@@ -29,8 +29,8 @@ WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
     // the requests, and always-on-top windows then show over it. Its docks stay above all.
     if (name.contains("xfwm"))
         return {WindowLayer::Type::Dock, false};
-    // Fluxbox (seen in 1.3.5) lifts whatever gets the keyboard above a full-screen window, so above the
-    // palette of an overlay that lets the mouse through. Above the panels is what it lets others be.
+    // Fluxbox (seen in 1.3.5) lifts whatever gets the keyboard above a full-screen window, so above
+    // the palette of an overlay that lets the mouse through. Always on top, it is above panels too.
     if (name.contains("fluxbox"))
         return {WindowLayer::Type::Notification, false};
     if (!coversScreen && keepsInWorkArea(name))

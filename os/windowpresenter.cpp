@@ -100,15 +100,15 @@ void WindowPresenter::present(QWindow& window)
     if (layer.fullScreen)
         return;
     places[&window] = window.geometry();
-    // A shown overlay that its tool has resized: with the hints of its old size it was held to that.
+    // A shown overlay that its tool has resized was held to its old size by the hints.
     const qreal ratio = window.devicePixelRatio();
     X11::requestSize(window.winId(), (QSizeF(window.size()) * ratio).toSize());
 }
 
 void WindowPresenter::insistOnPlace(QWindow& window)
 {
-    // I3 (seen in 4.22) takes the corner of the desktop for no place at all and puts the window into the
-    // middle. Once it is mapped, a request is heard.
+    // I3 (seen in 4.22) takes the corner of the desktop for no place at all and puts the window into
+    // the middle. Once it is mapped, a request is heard.
     const auto place = places.extract(&window);
     if (!place.empty() && window.geometry() != place.mapped())
         window.setGeometry(place.mapped());

@@ -12,7 +12,8 @@ class QWindow;
 namespace osUtils::System {
 
 /// Puts the process's overlays (frameless stay-on-top windows) above the desktop's interface before
-/// they are mapped, and gives the keyboard back to whom it was taken from when they close. Decides nothing about when: that is setSystemUIMode().
+/// they are mapped, and gives the keyboard back to whom it was taken from when they close. Decides
+/// nothing about when: that is setSystemUIMode().
 class WindowPresenter : public QObject {
     Q_OBJECT
 

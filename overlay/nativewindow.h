@@ -23,9 +23,9 @@ public:
     void setIgnoresMouse(bool ignore);
     void setOpaque(bool opaque);
     void raiseAboveAll();
-    /// Also where the window manager has just taken the keyboard from a dialog that was closed, or where
-    /// it leaves it with another program although the window is new: once the window is on the screen.
-    /// Nothing happens while the window is hidden.
+    /// Takes it once the window is on the screen; nothing happens while it is hidden. Also where the
+    /// window manager has just taken the keyboard from a dialog that was closed, or leaves it with
+    /// another program although the window is new.
     void takeKeyboard();
 
 protected:

@@ -78,8 +78,8 @@ bool isAvailable()
 
 QByteArray windowManagerName()
 {
-    // The window manager announces itself by a window of its own, which carries its name. The window
-    // points to itself, or it is another one: the property on the root window outlives a window manager
+    // The window manager announces itself by a window of its own, which carries its name. That window
+    // points to itself, or it is another one: the root window's property outlives a window manager
     // that has crashed, and the number is given anew.
     constexpr auto announcement = "_NET_SUPPORTING_WM_CHECK";
     const QByteArray check = propertyValue(rootWindow(), announcement);

@@ -29,8 +29,8 @@ void setWindowLayer(WId window, const System::WindowLayer& layer);
 /// Asks the window manager to keep a mapped window above others.
 void keepAbove(WId window);
 
-/// Gives a window, of whatever program, the keyboard, and tells the window manager that the user wants
-/// it. Nothing happens if it is gone or not on the screen.
+/// Gives a window, of whatever program, the keyboard, and tells the window manager that the user
+/// wants it. Nothing happens if it is gone or not on the screen.
 void activate(WId window);
 
 /// The window that gets the keys; 0 if none does.

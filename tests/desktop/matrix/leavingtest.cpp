@@ -45,7 +45,12 @@ void LeavingTest::windowsLieWhereTheyLay()
     EVENTUALLY_COMPARE(korvel.status(), 0);
 
     // then
-    EVENTUALLY_COMPARE(difference(desktop->screen.grab(), before), QRect());
+    // Metacity's compositor draws another shadow around the document than before.
+    const QRect withShadow = placesBefore.last().adjusted(-20, -20, 20, 20);
+    const QList<QRect> ignored =
+        managerName() == "metacity-compositing" ? QList<QRect>{withShadow} : QList<QRect>{};
+    EVENTUALLY_COMPARE(
+        difference(blanked(desktop->screen.grab(), ignored), blanked(before, ignored)), QRect());
     QCOMPARE(places(), placesBefore);
     QCOMPARE(desktop->windows.isAbove(above.id(), document.id()), wasAbove);
 }

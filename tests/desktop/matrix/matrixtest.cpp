@@ -59,13 +59,9 @@ void MatrixTest::showBackground()
 {
     const QImage pattern = Backdrop::pattern(desktop->screen.area().size());
     const QPoint middle = pattern.rect().center();
-    if (isManaged())
-        background.emplace(desktop->x, ClientWindow::Kind::Desktop, pattern.rect(), Qt::white);
-    // Window managers that paint a background of their own do so when they feel like it.
-    if (background)
-        background->fill(pattern);
-    else
-        desktop->backdrop.paintPattern();
+    // Window managers and compositors that paint the root window do so when they feel like it.
+    background.emplace(desktop->x, ClientWindow::Kind::Desktop, pattern.rect(), Qt::white);
+    background->fill(pattern);
     EVENTUALLY_COMPARE(desktop->screen.colourAt(middle), pattern.pixelColor(middle));
 }
 
