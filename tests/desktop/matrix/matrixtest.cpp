@@ -61,8 +61,11 @@ void MatrixTest::showBackground()
     const QPoint middle = pattern.rect().center();
     // Window managers and compositors that paint the root window do so when they feel like it.
     background.emplace(desktop->x, ClientWindow::Kind::Desktop, pattern.rect(), Qt::white);
-    background->fill(pattern);
-    EVENTUALLY_COMPARE(desktop->screen.colourAt(middle), pattern.pixelColor(middle));
+    const auto isShown = [&] {
+        background->fill(pattern); // again and again: picom may start to look just then
+        return desktop->screen.colourAt(middle) == pattern.pixelColor(middle);
+    };
+    EVENTUALLY(isShown());
 }
 
 bool MatrixTest::shows(const ClientWindow& window, QColor colour) const
