@@ -112,7 +112,7 @@ void CoveringTest::aNewWindowStaysUnderTheFrame()
         QSKIP("nobody orders the windows here");
     const Program korvel(*desktop);
     EVENTUALLY(korvel.isReady());
-    const QImage before = pictureBesidesPalette();
+    const QImage before = withoutPalette(settledPicture());
 
     // when
     const ClientWindow document = client(ClientWindow::Kind::Ordinary, Document, Qt::blue);
