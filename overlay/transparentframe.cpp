@@ -12,11 +12,9 @@ namespace Helpers::NQt {
 
 namespace {
 
-constexpr int liveEngineType = 1;
-
 std::unique_ptr<FrameEngine> makeEngine(int engineType, TransparentFrame* frame, int screen)
 {
-    if (engineType == liveEngineType)
+    if (engineType == TransparentFrame::LiveEngine)
         return std::make_unique<FrameEngineRT>(frame);
     return std::make_unique<FrameEngineSS>(frame, screen);
 }

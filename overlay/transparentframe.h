@@ -17,7 +17,10 @@ class TransparentFrame : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// @param engineType  1 for the live engine, any other number for the screenshot engine
+    /// What lies behind the drawing: the screen's picture, or the desktop as it goes on changing.
+    enum EngineType { ScreenshotEngine = 0, LiveEngine = 1 };
+
+    /// @param engineType  the live engine, or the screenshot engine for any other number
     /// @param width, height  size in logical pixels; the screen's size if either is 0
     TransparentFrame(QWidget* parent, int engineType, int width, int height);
     ~TransparentFrame() override;

@@ -2,45 +2,24 @@
 
 #include "action/widget/wheelsteps.h"
 #include "overlay/layerpixmap.h"
-#include "overlay/sharpimage.h"
+#include "pen/pencursor.h"
 #include "pen/pentoolbar.h"
+#include "pen/primitives.h"
 #include "pen/strokegeometry.h"
 
 #include <QApplication>
-#include <QBitmap>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QPainterPath>
 
 #include <utility>
 
 namespace VcAction::Frame {
 
 using Helpers::NQt::layerPixmap;
-using Helpers::NQt::sharpImage;
 
 namespace {
 
-enum Style { Freehand = 0, Ellipse = 1, Rectangle = 2, RoundRect = 3 };
-
-constexpr int screenshotEngine = 0;
-constexpr auto pointerMulPath = ":/resource/action/pen/Img/pointerMul.png";
-constexpr auto pointerTopPath = ":/resource/action/pen/Img/pointerTop.png";
-constexpr QSize cursorSize(32, 32);
-/// The pen's tip in the cursor's images.
-constexpr QPoint cursorHotSpot(6, 29);
 constexpr QColor almostTransparent(0, 0, 0, 1);
-/// Percentage of the round rectangle's half sides.
-constexpr qreal roundness = 25;
-
-// By way of a path: the toolkit's own ellipses, unless smoothed, reach pixels beyond their box when
-// they are flat (seen in Qt 6.4.2), and would leave a trail.
-void drawEllipse(QPainter* painter, const QRect& box)
-{
-    QPainterPath ellipse;
-    ellipse.addEllipse(box);
-    painter->drawPath(ellipse);
-}
 
 double opacityFor(bool transparent)
 {
@@ -50,18 +29,17 @@ double opacityFor(bool transparent)
 }
 
 PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, bool transparent)
-    : ActionFrame(parent, screenshotEngine, 0, 0)
+    : ActionFrame(parent, ScreenshotEngine, 0, 0)
     , style(penStyle)
     , blankLayer(layerPixmap(this->size(), devicePixelRatioF(), almostTransparent))
     , strokeLayer(layerPixmap(this->size(), devicePixelRatioF(), Qt::transparent))
     , penSize(size)
     , color(penColor)
     , opacity(opacityFor(transparent))
-    , pointerMul(sharpImage(pointerMulPath, devicePixelRatioF()))
-    , pointerTop(sharpImage(pointerTopPath, devicePixelRatioF()))
+    , pointerMul(pointerMulImage(devicePixelRatioF()))
+    , pointerTop(pointerTopImage(devicePixelRatioF()))
 {
     trackDirtyRegion();
-    cursorPixmap = layerPixmap(cursorSize, pointerMul.devicePixelRatio(), Qt::transparent);
     startPoint = previousPoint = currentPoint = mapFromGlobal(QCursor::pos());
     setDrawBack(true);
     setPen(penColor);
@@ -252,43 +230,21 @@ void PenFrame::showPenTip(QPaintDevice* device)
 
 void PenFrame::draw(QPainter* painter)
 {
-    const QPoint start = startPoint.toPoint();
-    const QPoint current = currentPoint.toPoint();
     switch (style) {
-    case Ellipse:
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(QBrush(color, Qt::SolidPattern));
-        drawEllipse(painter, QRect(start, current));
-        break;
-    case Rectangle:
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(QBrush(color, Qt::SolidPattern));
-        painter->drawRect(QRect(start, current));
-        break;
     case RoundRect:
         painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
-        painter->setPen(Qt::NoPen);
-        painter->setBrush(QBrush(color, Qt::SolidPattern));
-        painter->drawRoundedRect(
-            QRectF(start.x(), start.y(), current.x() - start.x() + 1, current.y() - start.y() + 1),
-            roundness, roundness, Qt::RelativeSize);
+        [[fallthrough]];
+    case Ellipse:
+    case Rectangle:
+        paintShape(*painter, style, color, startPoint.toPoint(), currentPoint.toPoint());
         break;
     default:
-        drawSegment(painter);
+        // Replaces what is there instead of blending with it: a stroke is of one opacity throughout.
+        painter->setCompositionMode(QPainter::CompositionMode_Source);
+        painter->setPen(pen);
+        paintSegment(*painter, previousPoint, currentPoint);
         break;
     }
-}
-
-void PenFrame::drawSegment(QPainter* painter)
-{
-    // Replaces what is there instead of blending with it: a stroke is of one opacity throughout.
-    painter->setCompositionMode(QPainter::CompositionMode_Source);
-    painter->setPen(pen);
-    // The toolkit paints no round caps on a line without length.
-    if (previousPoint == currentPoint)
-        painter->drawPoint(currentPoint);
-    else
-        painter->drawLine(previousPoint, currentPoint);
 }
 
 void PenFrame::drawNewPolygon()
@@ -333,25 +289,14 @@ void PenFrame::commitShape()
 
 void PenFrame::colorizeCursor()
 {
-    // Transparent first: a pixmap filled with an opaque colour has no alpha to take away from.
-    cursorPixmap.fill(Qt::transparent);
-    QPainter painter(&cursorPixmap);
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.fillRect(QRect(QPoint(), cursorSize), color);
-    painter.setCompositionMode(QPainter::CompositionMode_DestinationIn);
-    painter.drawPixmap(0, 0, pointerMul);
-    painter.setCompositionMode(QPainter::CompositionMode_SourceAtop);
-    painter.drawPixmap(0, 0, pointerTop);
-    painter.end();
-    cursorPixmap.setMask(pointerMul.mask());
-    penCursor = Helpers::NQt::sharpCursor(cursorPixmap, cursorHotSpot);
+    cursorPixmap = colorizedPointer(color, pointerMul, pointerTop);
+    coloredCursor = penCursor(cursorPixmap);
 }
 
 void PenFrame::updateCursor()
 {
-    const bool overPalette = toolbar && toolbar->geometry().contains(mapFromGlobal(QCursor::pos()));
-    if (!overPalette)
-        QApplication::setOverrideCursor(penCursor);
+    if (!isPointerOverToolbar())
+        QApplication::setOverrideCursor(coloredCursor);
 }
 
 }

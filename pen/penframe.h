@@ -26,6 +26,7 @@ public:
     /// Opacity of later strokes: half or full.
     void setTransparency(bool transparent);
 
+    [[nodiscard]] int penStyle() const { return style; }
     [[nodiscard]] QColor penColor() const { return color; }
     /// In logical pixels.
     [[nodiscard]] int penWidth() const { return penSize; }
@@ -52,7 +53,6 @@ private:
     void makePen();
     void computeRect();
     void draw(QPainter* painter);
-    void drawSegment(QPainter* painter);
     void extendStroke();
     void showStroke(QPaintDevice* device);
     void showPrimitive(QPaintDevice* device);
@@ -85,8 +85,8 @@ private:
     QPixmap pointerTop;
     int wheelRemainder = 0;
 
-    /// The coloured cursor: one object, however often it is pushed.
-    QCursor penCursor;
+    /// In the pen's colour: one object, however often it is pushed.
+    QCursor coloredCursor;
     /// Whether the newest segment is not in the layer yet, or is there with an older pen.
     bool segmentPending = false;
 };

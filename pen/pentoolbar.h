@@ -34,7 +34,11 @@ public:
     /// Selects a pen size, adding it to the list if need be.
     void chooseCustomSize(int size);
     void fillSizeCB();
-    /// Fills the shape chooser, which a derived palette must have made before.
+    /// Makes the shape chooser, which the palette is without until then: two buttons above
+    /// "Transparent", for freehand and for shapes, and the shapes in place of the sizes. The frame's
+    /// style is chosen. To be called once.
+    void createShapeChooser();
+    /// Fills the shapes of the shape chooser.
     void fillShapeCB();
 
 public slots:
@@ -42,26 +46,22 @@ public slots:
     void updateSize(int index);
     /// Hands the shape at the index to the frame. Needs the shape chooser.
     void updateShape(int index);
-    /// Switches between shapes (1) and the frame's other styles. Needs the style buttons and the
-    /// shape chooser.
+    /// Switches between shapes (1) and the frame's other styles. Needs the shape chooser.
     void chooseStyle(int style);
     void setTransparency(bool value);
 
 protected:
     VcAction::Widget::VcGroupBox* sizeGroupBox = nullptr;
     VcAction::Widget::VcComboBox* sizeComboBox = nullptr;
-    /// Made by derived palettes only.
+    /// Null without the shape chooser.
     QComboBox* shapeComboBox = nullptr;
     VcAction::Widget::VcColorComboBox* colorComboBox = nullptr;
-    /// Made by derived palettes only. Ids are what chooseStyle() receives.
+    /// Null without the shape chooser. Ids are what chooseStyle() receives.
     QButtonGroup* styleButtonGroup = nullptr;
     VcAction::Widget::VcCheckBox* transparencyCheckBox = nullptr;
 
 private:
     [[nodiscard]] VcAction::Frame::PenFrame* frame() const;
-    void createSizeBox();
-    void createColorBox();
-    void createTransparencyBox();
     void connectControls();
 };
 

@@ -2,6 +2,7 @@
 
 #include <QString>
 
+#include <cerrno>
 #include <cstdio>
 #include <cstdlib>
 
@@ -17,8 +18,8 @@ void endOnFatal(QtMsgType type, const QMessageLogContext& context, const QString
     }
     const char* display = std::getenv("DISPLAY");
     std::fprintf(
-        stderr, "korvel: cannot start on the display \"%s\". It needs a running X11 desktop.\n%s\n",
-        display ? display : "", message.toLocal8Bit().constData());
+        stderr, "%s: cannot start on the display \"%s\". It needs a running X11 desktop.\n%s\n",
+        program_invocation_short_name, display ? display : "", message.toLocal8Bit().constData());
     std::_Exit(EXIT_FAILURE);
 }
 

@@ -61,6 +61,9 @@ void ActionFrame::switchMouseTransMode()
 {
     mouseTransparent = !mouseTransparent;
     Helpers::NQt::Utils::setIgnoresMouseEvents(this, mouseTransparent);
+    // The keyboard may have gone to a window below, and Escape with it.
+    if (!mouseTransparent)
+        activateWindow();
 }
 
 void ActionFrame::closeAction()
@@ -130,6 +133,11 @@ void ActionFrame::repaintDirty()
         repaint(std::exchange(dirtyRegion, {}));
     else
         repaint();
+}
+
+bool ActionFrame::isPointerOverToolbar() const
+{
+    return toolbar && toolbar->geometry().contains(mapFromGlobal(QCursor::pos()));
 }
 
 }

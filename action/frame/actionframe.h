@@ -47,6 +47,9 @@ protected:
     /// Repaints at once what has changed since the last time; everything, unless that is tracked.
     void repaintDirty();
 
+    /// Whether the palette, with its own cursor, is under the pointer.
+    [[nodiscard]] bool isPointerOverToolbar() const;
+
     VcAction::Toolbar::ActionToolbar* toolbar = nullptr;
     bool mouseTransparent = false;
 

@@ -16,6 +16,15 @@ bool isOnHandle(QPoint point, QSize palette)
     return point.x() < handleWidth && point.y() < palette.height() - tabStripHeight;
 }
 
+QRect shutterHandlePlace(QSize palette)
+{
+    constexpr QSize button(22, 22);
+    constexpr int gapBelow = 6;
+    return {QPoint((handleWidth - button.width()) / 2,
+                   palette.height() - tabStripHeight - button.height() - gapBelow),
+            button};
+}
+
 QList<ImageSlice> tabStripSlices(QSize palette, QSize image, int tabs, int tabWidth)
 {
     const int top = palette.height() - tabStripHeight;

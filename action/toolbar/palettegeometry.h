@@ -16,6 +16,10 @@ constexpr int tabStripHeight = 33;
 /// @param point  in the palette's coordinates
 [[nodiscard]] bool isOnHandle(QPoint point, QSize palette);
 
+/// Where the button for the shutter lies: at the lower end of the handle strip.
+/// @param palette  with its tab strip
+[[nodiscard]] QRect shutterHandlePlace(QSize palette);
+
 /// A piece of an image and where it is stretched to.
 struct ImageSlice {
     QRect target;

@@ -1,8 +1,7 @@
 #include "os/x11/x11window.h"
 
+#include "os/x11/connection.h"
 #include "os/x11/replypointer.h"
-
-#include <QGuiApplication>
 
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
@@ -16,26 +15,6 @@ namespace {
 
 // The length of text properties that are read, in units of four bytes.
 constexpr uint32_t longestName = 64;
-
-xcb_connection_t* connection()
-{
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->connection() : nullptr;
-}
-
-xcb_window_t rootWindow()
-{
-    return xcb_setup_roots_iterator(xcb_get_setup(connection())).data->root;
-}
-
-xcb_atom_t atom(QByteArrayView name)
-{
-    const auto cookie =
-        xcb_intern_atom(connection(), false, static_cast<uint16_t>(name.size()), name.data());
-    const ReplyPointer<xcb_intern_atom_reply_t> reply(
-        xcb_intern_atom_reply(connection(), cookie, nullptr));
-    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
 
 QByteArray propertyValue(xcb_window_t window, const char* property)
 {

@@ -1,0 +1,17 @@
+#pragma once
+
+#include <QByteArrayView>
+
+#include <xcb/xcb.h>
+
+/// The toolkit's own connection to the X server.
+namespace osUtils::X11 {
+
+/// Null where the toolkit does not run on an X server.
+[[nodiscard]] xcb_connection_t* connection();
+
+// These need the connection.
+[[nodiscard]] xcb_window_t rootWindow();
+[[nodiscard]] xcb_atom_t atom(QByteArrayView name);
+
+}
