@@ -42,8 +42,10 @@ void paintShape(QPainter& painter, int style, const QColor& color, QPoint start,
         painter.drawRect(QRect(start, current));
         break;
     case RoundRect:
+        // Normalised, since the toolkit takes a negative side for a small one and rounds it to half.
         painter.drawRoundedRect(
-            QRectF(start.x(), start.y(), current.x() - start.x() + 1, current.y() - start.y() + 1),
+            QRectF(start.x(), start.y(), current.x() - start.x() + 1, current.y() - start.y() + 1)
+                .normalized(),
             roundness, roundness, Qt::RelativeSize);
         break;
     default:

@@ -159,6 +159,7 @@ QWidget* ActionToolbar::makeTabPage()
     tabs.append(page);
     page->setFixedSize(width() - handleWidth, height() - tabStripHeight);
     page->move(handleWidth, 0);
+    layOutBackground();
     return page;
 }
 
@@ -171,15 +172,11 @@ void ActionToolbar::setTabWidth(int width)
     repaint();
 }
 
-int ActionToolbar::tabStrip() const
-{
-    return tabs.isEmpty() ? 0 : tabStripHeight;
-}
-
 void ActionToolbar::createBackImage(QSize size)
 {
     backImage = Helpers::NQt::layerPixmap(size, devicePixelRatioF(), Qt::transparent);
-    if (tabs.isEmpty())
+    // A closed palette shows no tabs, and none of the strip that they lie on.
+    if (tabs.isEmpty() || size.width() <= closedWidth)
         return;
     const QPixmap image = paletteImage("tabBar.png", *this);
     const qreal ratio = image.devicePixelRatio();
@@ -311,8 +308,14 @@ void ActionToolbar::paintEvent(QPaintEvent* /*event*/)
 
 void ActionToolbar::resizeEvent(QResizeEvent* /*event*/)
 {
-    backFrame->setFixedSize(width(), height() - tabStrip());
+    layOutBackground();
+}
+
+void ActionToolbar::layOutBackground()
+{
+    backFrame->setFixedSize(backFrameSize(size(), static_cast<int>(tabs.size())));
     createBackImage(size());
+    update();
 }
 
 }

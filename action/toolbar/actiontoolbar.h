@@ -109,7 +109,7 @@ private:
     void createCloseButton();
     void createAnimations();
     QWidget* makeTabPage();
-    [[nodiscard]] int tabStrip() const;
+    void layOutBackground();
     void fadeOutUnlessUnder(QPoint globalPointer);
 
     double opacity = 1.0;

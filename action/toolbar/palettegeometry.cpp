@@ -1,5 +1,7 @@
 #include "action/toolbar/palettegeometry.h"
 
+#include <algorithm>
+
 namespace VcAction::Toolbar {
 
 namespace {
@@ -14,6 +16,15 @@ constexpr int cornerMargin = 80;
 bool isOnHandle(QPoint point, QSize palette)
 {
     return point.x() < handleWidth && point.y() < palette.height() - tabStripHeight;
+}
+
+QSize backFrameSize(QSize palette, int tabs)
+{
+    // As in the style sheet of the frame.
+    constexpr int leftSlice = 49;
+    constexpr int rightSlice = 20;
+    return {std::max(palette.width(), leftSlice + rightSlice),
+            palette.height() - (tabs > 0 ? tabStripHeight : 0)};
 }
 
 QRect shutterHandlePlace(QSize palette)

@@ -16,6 +16,12 @@ constexpr int tabStripHeight = 33;
 /// @param point  in the palette's coordinates
 [[nodiscard]] bool isOnHandle(QPoint point, QSize palette);
 
+/// Size of the background's frame, above the tab strip if there is one: as wide as the palette, but
+/// wide enough for the image's left and right slices, which would be squeezed otherwise. Of a closed
+/// palette that is the handle strip and a part that is cut off.
+/// @param tabs  number of tabs
+[[nodiscard]] QSize backFrameSize(QSize palette, int tabs);
+
 /// Where the button for the shutter lies: at the lower end of the handle strip.
 /// @param palette  with its tab strip
 [[nodiscard]] QRect shutterHandlePlace(QSize palette);

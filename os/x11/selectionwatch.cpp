@@ -7,6 +7,8 @@
 
 #include <xcb/xfixes.h>
 
+#include <utility>
+
 namespace osUtils::X11 {
 
 namespace {
@@ -34,7 +36,7 @@ SelectionWatch::SelectionWatch(QByteArrayView name)
                                       XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
                                           | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
                                           | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
-    xcb_flush(connection());
+    wasOwned = hasOwner();
     QCoreApplication::instance()->installNativeEventFilter(this);
 }
 
@@ -55,7 +57,8 @@ bool SelectionWatch::nativeEventFilter(const QByteArray& /*eventType*/, void* me
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
     if ((event->response_type & ~sentFlag) == notifyEvent) {
         const auto* notify = reinterpret_cast<const xcb_xfixes_selection_notify_event_t*>(event);
-        if (notify->selection == selection && notify->owner == XCB_NONE)
+        // The toolkit watches some selections too: each change may be told more than once.
+        if (notify->selection == selection && std::exchange(wasOwned, hasOwner()) && !wasOwned)
             emit lost();
     }
     // The toolkit has a look at it too.

@@ -27,6 +27,7 @@ private:
 
     quint32 selection = 0;
     quint8 notifyEvent = 0;
+    bool wasOwned = false;
 };
 
 }

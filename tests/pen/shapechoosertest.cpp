@@ -5,6 +5,8 @@
 #include "tests/support/cursorstack.h"
 
 #include <QButtonGroup>
+#include <QCheckBox>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
 #include <QTest>
@@ -13,18 +15,18 @@ using namespace PenTest;
 
 namespace {
 
-/// A palette that has the shape chooser, as a tool with shapes would derive it.
+/// A palette that has the shape chooser, and buttons for two of the shapes besides.
 class ShapePalette : public VcAction::Toolbar::PenToolbar {
 public:
     explicit ShapePalette(VcAction::Frame::PenFrame& frame)
         : PenToolbar(&frame)
     {
-        shapeComboBox = new QComboBox(sizeGroupBox);
-        styleButtonGroup = new QButtonGroup(this);
-        for (int style = 0; style <= 3; ++style)
-            styleButtonGroup->addButton(new QRadioButton(this), style);
-        fillShapeCB();
-        shapeComboBox->hide();
+        createShapeChooser();
+        for (const int style : {2, 3}) {
+            auto* button = new QRadioButton(this);
+            button->hide();
+            styleButtonGroup->addButton(button, style);
+        }
     }
 
     using PenToolbar::shapeComboBox;
@@ -49,7 +51,12 @@ struct ShapeTool {
         return nearCorner ? "round rectangle" : "ellipse";
     }
 
-    Canvas canvas{4, Qt::red};
+    explicit ShapeTool(int style = Freehand)
+        : canvas(4, Qt::red, style)
+    {
+    }
+
+    Canvas canvas;
     ShapePalette palette{canvas.frame};
 };
 
@@ -62,6 +69,12 @@ private slots:
     void init() { QTest::failOnWarning(QRegularExpression(".?")); }
     void cleanup() { TestSupport::takeOverrideCursors(); }
 
+    void aPaletteHasNoneUntilItIsBuilt();
+    void itBeginsWithTheFramesStyle_data();
+    void itBeginsWithTheFramesStyle();
+    void itsButtonsSwitchBetweenFreehandAndShapes();
+    void choosingFromTheListDrawsThatShape();
+    void itKeepsClearOfTheOtherControls();
     void itOffersThreeShapes();
     void fillingItAgainDoesNotDoubleIt();
     void itsIconsShowTheShapes_data();
@@ -72,6 +85,104 @@ private slots:
     void otherModesShowTheSizesInPlaceOfTheShapes_data();
     void otherModesShowTheSizesInPlaceOfTheShapes();
 };
+
+void ShapeChooserTest::aPaletteHasNoneUntilItIsBuilt()
+{
+    // Given
+    Canvas canvas;
+
+    // When
+    const VcAction::Toolbar::PenToolbar palette(&canvas.frame);
+
+    // Then
+    QVERIFY(palette.findChildren<QButtonGroup*>().isEmpty());
+    QCOMPARE(palette.findChildren<QComboBox*>().size(), 2);
+}
+
+void ShapeChooserTest::itBeginsWithTheFramesStyle_data()
+{
+    QTest::addColumn<int>("style");
+    QTest::addColumn<int>("button");
+    QTest::addColumn<QString>("title");
+    QTest::addColumn<QString>("shape");
+
+    QTest::newRow("freehand") << 0 << 0 << "Size"
+                              << "stroke";
+    QTest::newRow("ellipse") << 1 << 1 << "Shape"
+                             << "ellipse";
+    QTest::newRow("rectangle") << 2 << 1 << "Shape"
+                               << "rectangle";
+    QTest::newRow("round rectangle") << 3 << 1 << "Shape"
+                                     << "round rectangle";
+}
+
+void ShapeChooserTest::itBeginsWithTheFramesStyle()
+{
+    // Given
+    QFETCH(int, style);
+
+    // When
+    ShapeTool tool(style);
+
+    // Then
+    QTEST(tool.palette.styleButtonGroup->checkedId(), "button");
+    QTEST(tool.palette.sizeGroupBox->title(), "title");
+    QTEST(tool.drawnShape(), "shape");
+}
+
+void ShapeChooserTest::itsButtonsSwitchBetweenFreehandAndShapes()
+{
+    // Given
+    ShapeTool tool;
+
+    // When
+    tool.palette.styleButtonGroup->button(1)->click();
+
+    // Then
+    QCOMPARE(tool.palette.sizeGroupBox->title(), QString("Shape"));
+    QCOMPARE(tool.drawnShape(), QString("ellipse"));
+
+    // When
+    tool.palette.styleButtonGroup->button(0)->click();
+
+    // Then
+    QCOMPARE(tool.palette.sizeGroupBox->title(), QString("Size"));
+    QCOMPARE(tool.drawnShape(), QString("stroke"));
+}
+
+void ShapeChooserTest::choosingFromTheListDrawsThatShape()
+{
+    // Given
+    ShapeTool tool;
+    tool.palette.styleButtonGroup->button(1)->click();
+
+    // When
+    tool.palette.shapeComboBox->setCurrentIndex(2);
+
+    // Then
+    QCOMPARE(tool.drawnShape(), QString("round rectangle"));
+}
+
+void ShapeChooserTest::itKeepsClearOfTheOtherControls()
+{
+    // Given
+    const ShapeTool tool;
+
+    // When
+    const QRect freehand = tool.palette.styleButtonGroup->button(0)->geometry();
+    const QRect shapes = tool.palette.styleButtonGroup->button(1)->geometry();
+
+    // Then
+    QVERIFY(!freehand.intersects(shapes));
+    for (const QWidget* other :
+         tool.palette.findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+        const bool isControl = qobject_cast<const QGroupBox*>(other)
+            || qobject_cast<const QCheckBox*>(other) || qobject_cast<const QPushButton*>(other);
+        if (isControl)
+            QVERIFY(!other->geometry().intersects(freehand | shapes));
+    }
+    QCOMPARE(tool.palette.shapeComboBox->geometry(), tool.palette.sizeComboBox->geometry());
+}
 
 void ShapeChooserTest::itOffersThreeShapes()
 {

@@ -15,6 +15,10 @@ private slots:
     void theHandleIsTheLeftStripAboveTheTabs();
     void theTabStripIsMadeOfThreeSlices_data();
     void theTabStripIsMadeOfThreeSlices();
+    void theBackgroundIsAsWideAsThePaletteButNeverSqueezed_data();
+    void theBackgroundIsAsWideAsThePaletteButNeverSqueezed();
+    void theShutterHandleLiesOnTheHandleAboveTheTabs_data();
+    void theShutterHandleLiesOnTheHandleAboveTheTabs();
     void thePaletteLiesInTheFramesBottomRightCorner_data();
     void thePaletteLiesInTheFramesBottomRightCorner();
 };
@@ -72,6 +76,47 @@ void PaletteGeometryTest::theTabStripIsMadeOfThreeSlices()
     QCOMPARE(slices.at(1).source, QRect(7, 0, 1, 11));
     QCOMPARE(slices.at(2).target, rightCap);
     QCOMPARE(slices.at(2).source, QRect(23, 0, 7, 11));
+}
+
+void PaletteGeometryTest::theBackgroundIsAsWideAsThePaletteButNeverSqueezed_data()
+{
+    QTest::addColumn<QSize>("palette");
+    QTest::addColumn<int>("tabs");
+    QTest::addColumn<QSize>("background");
+
+    QTest::newRow("no tabs") << QSize(305, 85) << 0 << QSize(305, 85);
+    QTest::newRow("tabs") << QSize(305, 118) << 2 << QSize(305, 85);
+    QTest::newRow("as wide as both slices") << QSize(69, 85) << 0 << QSize(69, 85);
+    QTest::newRow("shutter closed") << QSize(40, 118) << 1 << QSize(69, 85);
+}
+
+void PaletteGeometryTest::theBackgroundIsAsWideAsThePaletteButNeverSqueezed()
+{
+    QFETCH(QSize, palette);
+    QFETCH(int, tabs);
+
+    const QSize result = backFrameSize(palette, tabs);
+
+    QTEST(result, "background");
+}
+
+void PaletteGeometryTest::theShutterHandleLiesOnTheHandleAboveTheTabs_data()
+{
+    QTest::addColumn<QSize>("palette");
+
+    QTest::newRow("the pen's size with tabs") << QSize(305, 118);
+    QTest::newRow("tall") << QSize(200, 400);
+}
+
+void PaletteGeometryTest::theShutterHandleLiesOnTheHandleAboveTheTabs()
+{
+    QFETCH(QSize, palette);
+
+    const QRect place = shutterHandlePlace(palette);
+
+    QVERIFY(isOnHandle(place.topLeft(), palette));
+    QVERIFY(isOnHandle(place.bottomRight(), palette));
+    QVERIFY(place.left() > 0 && place.top() > 0);
 }
 
 void PaletteGeometryTest::thePaletteLiesInTheFramesBottomRightCorner_data()

@@ -1,5 +1,9 @@
+#include "action/toolbar/shutterhandle.h"
 #include "tests/action/probes.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/images.h"
+#include "tests/support/input.h"
+#include "tests/support/pixels.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -41,6 +45,9 @@ private slots:
     void theHeightStays();
     void itsWidthCannotBeSet();
     void aPaletteWithoutAFrameClosesToo();
+    void aClosedPaletteShowsNoneOfItsTabStrip();
+    void theHandleButtonClosesAndOpensIt();
+    void aPressOnTheHandleButtonDragsNothing();
 };
 
 void PaletteShutterTest::itsHandleShowsWhileItIsEnabled()
@@ -203,6 +210,72 @@ void PaletteShutterTest::aPaletteWithoutAFrameClosesToo()
 
     // Then
     QTRY_COMPARE(palette.width(), 40);
+}
+
+void PaletteShutterTest::aClosedPaletteShowsNoneOfItsTabStrip()
+{
+    // Given
+    const TestSupport::Images images;
+    QVERIFY(images.areThere());
+    ActionTest::FrameProbe frame;
+    frame.show();
+    ShutterPalette palette(&frame);
+    palette.addTab("First");
+    palette.enableShutter();
+    const QImage open = palette.backImage.toImage();
+
+    // When
+    palette.shutterOpenClose();
+    QTRY_VERIFY(!palette.isMoving());
+
+    // Then
+    QVERIFY(!TestSupport::inkBox(open, Qt::transparent).isEmpty());
+    QVERIFY(TestSupport::inkBox(palette.backImage.toImage(), Qt::transparent).isEmpty());
+}
+
+void PaletteShutterTest::theHandleButtonClosesAndOpensIt()
+{
+    // Given
+    ActionTest::FrameProbe frame;
+    ShutterPalette palette(&frame);
+    auto* button = new VcAction::Toolbar::ShutterHandle(&palette);
+    palette.shutterHandle = button;
+    palette.enableShutter();
+    QCOMPARE(button->arrowType(), Qt::LeftArrow);
+
+    // When
+    button->click();
+
+    // Then
+    QVERIFY(!palette.shutterOpen);
+    QCOMPARE(button->arrowType(), Qt::RightArrow);
+    QTRY_VERIFY(!palette.isMoving());
+    QVERIFY(palette.rect().contains(button->geometry()));
+
+    // When
+    button->click();
+
+    // Then
+    QVERIFY(palette.shutterOpen);
+    QCOMPARE(button->arrowType(), Qt::LeftArrow);
+    QTRY_COMPARE(palette.width(), 200);
+}
+
+void PaletteShutterTest::aPressOnTheHandleButtonDragsNothing()
+{
+    // Given
+    ActionTest::FrameProbe frame;
+    ShutterPalette palette(&frame);
+    auto* button = new VcAction::Toolbar::ShutterHandle(&palette);
+    const QPoint before = palette.pos();
+
+    // When
+    TestSupport::press(*button, {3, 3});
+    TestSupport::moveTo(*button, {60, 40});
+
+    // Then
+    QVERIFY(!palette.dragging);
+    QCOMPARE(palette.pos(), before);
 }
 
 QTEST_MAIN(PaletteShutterTest)
