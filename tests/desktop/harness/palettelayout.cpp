@@ -2,15 +2,15 @@
 
 namespace {
 
-constexpr QSizeF PaletteSize{305, 85}; // logical pixels
 constexpr int GapToScreenEdge = 80; // logical pixels
 
 }
 
-PaletteLayout::PaletteLayout(QSize screen, qreal devicePixelRatio)
+PaletteLayout::PaletteLayout(QSize screen, qreal devicePixelRatio, QSizeF palette)
     : scale(devicePixelRatio)
-    , corner(screen.width() - (PaletteSize.width() + GapToScreenEdge) * scale,
-             screen.height() - (PaletteSize.height() + GapToScreenEdge) * scale)
+    , size(palette)
+    , corner(screen.width() - (size.width() + GapToScreenEdge) * scale,
+             screen.height() - (size.height() + GapToScreenEdge) * scale)
 {
 }
 
@@ -23,7 +23,7 @@ PaletteLayout PaletteLayout::movedBy(QPoint distance) const
 
 QRect PaletteLayout::area() const
 {
-    return QRectF(corner, PaletteSize * scale).toAlignedRect();
+    return QRectF(corner, size * scale).toAlignedRect();
 }
 
 QPoint PaletteLayout::at(QPointF inside) const

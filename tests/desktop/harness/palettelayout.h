@@ -7,7 +7,8 @@
 class PaletteLayout {
 public:
     /// @param screen  size in device pixels     @param scale  device pixels to a logical pixel
-    explicit PaletteLayout(QSize screen, qreal scale = 1);
+    /// @param palette  size in logical pixels
+    explicit PaletteLayout(QSize screen, qreal scale = 1, QSizeF palette = {305, 85});
 
     /// The same palette, moved by hand.
     [[nodiscard]] PaletteLayout movedBy(QPoint distance) const;
@@ -30,5 +31,6 @@ public:
 
 private:
     qreal scale;
+    QSizeF size;
     QPointF corner;
 };

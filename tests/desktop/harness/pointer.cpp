@@ -32,6 +32,8 @@ void Pointer::press(Button button) const
 void Pointer::release(Button button) const
 {
     send(XCB_BUTTON_RELEASE, static_cast<int>(button));
+    // For the same reason: a move that arrived before the window manager had let go would come before the release.
+    static_cast<void>(eventually([&] { return !isHeld(button); }));
 }
 
 void Pointer::click(QPoint point, Button button) const
@@ -55,6 +57,14 @@ void Pointer::turn(Wheel direction, int notches) const
         send(XCB_BUTTON_PRESS, static_cast<int>(direction));
         send(XCB_BUTTON_RELEASE, static_cast<int>(direction));
     }
+}
+
+bool Pointer::isHeld(Button button) const
+{
+    const auto cookie = xcb_query_pointer(x.raw(), x.root());
+    const Reply<xcb_query_pointer_reply_t> reply(xcb_query_pointer_reply(x.raw(), cookie, nullptr));
+    const int firstButton = XCB_KEY_BUT_MASK_BUTTON_1;
+    return reply && (reply->mask & (firstButton << (static_cast<int>(button) - 1))) != 0;
 }
 
 QPoint Pointer::position() const

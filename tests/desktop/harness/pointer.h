@@ -29,6 +29,7 @@ public:
     [[nodiscard]] QPoint position() const;
 
 private:
+    [[nodiscard]] bool isHeld(Button button) const;
     void send(int type, int detail, QPoint point = {}) const;
 
     const XConnection& x;

@@ -1,4 +1,4 @@
-#include "tests/desktop/harness/clickwatch.h"
+#include "tests/desktop/harness/inputwatch.h"
 #include "tests/desktop/matrix/matrixtest.h"
 
 #include <X11/keysym.h>
@@ -42,7 +42,7 @@ void PassThroughTest::aClosedShutterLetsTheMouseThrough()
     const ClientWindow document = client(ClientWindow::Kind::Ordinary, Document, Qt::green);
     EVENTUALLY(shows(document, Qt::green));
     const QPoint middle = desktop->windows.geometry(document.id()).center();
-    ClickWatch clicks(desktop->display, document.id());
+    InputWatch clicks(desktop->display, document.id());
     const Program program(*desktop, tool());
     EVENTUALLY(program.hasKeyboard() && showsColour(body(), PaletteColour));
     desktop->pointer.click(middle);
@@ -65,7 +65,7 @@ void PassThroughTest::theHandleOpensTheShutterAgain()
     const ClientWindow document = client(
         ClientWindow::Kind::Ordinary, desktop->screen.area().adjusted(40, 40, -40, -40), Qt::green);
     EVENTUALLY(shows(document, Qt::green));
-    ClickWatch clicks(desktop->display, document.id());
+    InputWatch clicks(desktop->display, document.id());
     const QPoint middle = desktop->windows.geometry(document.id()).center();
     Program program(*desktop, tool());
     EVENTUALLY(program.hasKeyboard() && showsColour(body(), PaletteColour));
