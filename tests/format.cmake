@@ -2,7 +2,7 @@
 # Run by: cmake -DSOURCE_DIR=... -P format.cmake
 
 set(files "")
-foreach(folder IN ITEMS os overlay action pen shell tests bench)
+foreach(folder IN ITEMS os overlay action pen shell examples tests bench)
   file(GLOB_RECURSE found ${SOURCE_DIR}/${folder}/*.h ${SOURCE_DIR}/${folder}/*.cpp)
   list(APPEND files ${found})
 endforeach()
