@@ -1,5 +1,7 @@
 #include "tests/desktop/harness/desktoptest.h"
 
+#include "tests/desktop/harness/virtualserver.h"
+
 #include <QRegularExpression>
 
 bool DesktopTest::parkPointer(QPoint place, QColor dotColour) const
@@ -23,10 +25,15 @@ bool DesktopTest::startWindowManager(WindowManager::Kind kind)
     return eventually([this] { return manager->isInCharge(); });
 }
 
+std::unique_ptr<XServer> DesktopTest::startServer()
+{
+    return std::make_unique<VirtualServer>();
+}
+
 void DesktopTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".?")));
-    server.emplace();
+    server = startServer();
     QVERIFY2(!server->display().isEmpty(), "the X server did not start");
     desktop.emplace(server->display());
     desktop->backdrop.fill(Qt::white);

@@ -3,11 +3,12 @@
 #include "tests/desktop/harness/desktop.h"
 #include "tests/desktop/harness/eventually.h"
 #include "tests/desktop/harness/program.h"
-#include "tests/desktop/harness/virtualserver.h"
 #include "tests/desktop/harness/windowmanager.h"
+#include "tests/desktop/harness/xserver.h"
 
 #include <QObject>
 
+#include <memory>
 #include <optional>
 
 /// Base of the end-to-end tests: gives each test function a fresh X server with the pointer at a quiet place and a
@@ -29,13 +30,16 @@ protected:
     /// Returns when it has taken charge; false if it does not.
     [[nodiscard]] bool startWindowManager(WindowManager::Kind kind);
 
+    /// The server for one test function.
+    [[nodiscard]] virtual std::unique_ptr<XServer> startServer();
+
     std::optional<Desktop> desktop;
+    std::unique_ptr<XServer> server;
 
 private slots:
     void init();
     void cleanup();
 
 private:
-    std::optional<VirtualServer> server;
     std::optional<WindowManager> manager;
 };
