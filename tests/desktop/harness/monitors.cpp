@@ -30,6 +30,10 @@ bool Monitors::arrange(const QList<QRect>& places)
     QList<QByteArray> arguments;
     for (qsizetype monitor = 0; monitor < places.size(); ++monitor) {
         const QRect place = places[monitor];
+        if (place.isEmpty()) {
+            arguments += {"--output", name(monitor), "--off"};
+            continue;
+        }
         if (!knowMode(place.size(), monitor))
             return false;
         arguments +=

@@ -14,7 +14,8 @@ public:
     {
     }
 
-    /// One monitor at each place, in device pixels of the whole desktop; all others are taken away. False on failure.
+    /// One monitor at each place, in device pixels of the whole desktop; no monitor where a place is
+    /// empty, and none beyond the list. False on failure.
     [[nodiscard]] bool arrange(const QList<QRect>& places);
 
     /// As the server, and thereby the toolkit, calls a monitor.

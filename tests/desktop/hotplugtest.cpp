@@ -1,0 +1,121 @@
+#include "tests/desktop/harness/monitordesktoptest.h"
+#include "tests/desktop/harness/selection.h"
+
+#include <X11/keysym.h>
+
+/// Monitors that come, go and change while the frame is up: it can still be left, and leaves nothing behind.
+class HotPlugTest : public MonitorDesktopTest {
+    Q_OBJECT
+
+private slots:
+    void escapeEndsTheProgramAfterwards_data() { addChanges(); }
+    void escapeEndsTheProgramAfterwards();
+    void aStrokeUnderWayDoesNoHarm_data() { addChanges(); }
+    void aStrokeUnderWayDoesNoHarm();
+
+private:
+    static void addChanges();
+    static void addChanges(const char* manager, WindowManager::Kind kind);
+    /// Ends the program by Escape and looks at what is left: a white desktop and no complaint.
+    void leave(Program& korvel) const;
+
+    static constexpr QRect Left{0, 0, 1280, 800};
+    static constexpr QRect Right{1280, 0, 1024, 768};
+    static constexpr QRect Smaller{0, 0, 800, 600};
+    static constexpr QRect Larger{0, 0, 1600, 1200};
+    static constexpr QRect Away{};
+};
+
+void HotPlugTest::addChanges()
+{
+    QTest::addColumn<WindowManager::Kind>("kind");
+    QTest::addColumn<QList<QRect>>("before");
+    QTest::addColumn<QPoint>("pointer");
+    QTest::addColumn<QList<QRect>>("after");
+
+    addChanges("no window manager", WindowManager::Kind::None);
+    if (!isEveryDesktopWanted())
+        return;
+    addChanges("openbox", WindowManager::Kind::Openbox);
+    addChanges("xfwm4", WindowManager::Kind::Xfwm4);
+}
+
+void HotPlugTest::addChanges(const char* manager, WindowManager::Kind kind)
+{
+    const QList<QRect> both{Left, Right};
+    const QPoint onLeft(100, 100);
+    const QPoint onRight(1700, 300);
+    const auto add = [&](const char* name, const QList<QRect>& before, QPoint pointer,
+                         const QList<QRect>& after) {
+        QTest::addRow("%s, %s", manager, name) << kind << before << pointer << after;
+    };
+    add("its own goes", both, onRight, {Left});
+    if (!isEveryDesktopWanted())
+        return;
+    add("its own, the primary, goes", both, onLeft, {Away, Right.translated(-1280, 0)});
+    add("another goes", both, onLeft, {Left});
+    add("another comes", {Left}, onLeft, both);
+    add("another changes its mode", both, onLeft, {Left, {1280, 0, 1366, 768}});
+    add("its own becomes smaller", {Left}, onLeft, {Smaller});
+    add("its own becomes larger", {Left}, onLeft, {Larger});
+    add("its own moves", both, onRight, {Left, {0, 800, 1024, 768}});
+    add("the two change places", both, onLeft, {{1024, 0, 1280, 800}, {0, 0, 1024, 768}});
+}
+
+void HotPlugTest::leave(Program& korvel) const
+{
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+    QCOMPARE(korvel.process().output(), QByteArray());
+    QImage white(desktop->x.size(), QImage::Format_RGB32);
+    white.fill(Qt::white);
+    EVENTUALLY_COMPARE(desktop->screen.grab(), white);
+}
+
+void HotPlugTest::escapeEndsTheProgramAfterwards()
+{
+    // given
+    QFETCH(WindowManager::Kind, kind);
+    QFETCH(QList<QRect>, before);
+    QFETCH(QPoint, pointer);
+    QFETCH(QList<QRect>, after);
+    QVERIFY(plugIn(before));
+    QVERIFY(startWindowManager(kind));
+    desktop->pointer.moveTo(pointer);
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    QVERIFY(plugIn(after));
+
+    // then
+    leave(korvel);
+}
+
+void HotPlugTest::aStrokeUnderWayDoesNoHarm()
+{
+    // given
+    QFETCH(WindowManager::Kind, kind);
+    QFETCH(QList<QRect>, before);
+    QFETCH(QPoint, pointer);
+    QFETCH(QList<QRect>, after);
+    QVERIFY(plugIn(before));
+    QVERIFY(startWindowManager(kind));
+    desktop->pointer.moveTo(pointer);
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    desktop->pointer.press();
+    desktop->pointer.moveTo(pointer + QPoint(50, 50));
+    QVERIFY(plugIn(after));
+    for (const QPoint& point : line({10, 10}, {700, 500}))
+        desktop->pointer.moveTo(point);
+    desktop->pointer.release();
+
+    // then
+    leave(korvel);
+}
+
+QTEST_GUILESS_MAIN(HotPlugTest)
+#include "hotplugtest.moc"
