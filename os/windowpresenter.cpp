@@ -1,6 +1,8 @@
 #include "os/windowpresenter.h"
 
+#include "os/screencover.h"
 #include "os/windowlayer.h"
+#include "os/x11/sizerounding.h"
 #include "os/x11/x11window.h"
 
 #include <QEvent>
@@ -9,6 +11,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <optional>
 
 namespace osUtils::System {
 
@@ -21,12 +24,36 @@ bool isOverlay(const QWindow& window)
         && (window.flags() & overlayFlags) == overlayFlags;
 }
 
-bool coversScreen(const QWindow& window)
+/// The screen that the window covers; null if there is none.
+const QScreen* coveredScreen(const QWindow& window)
 {
     const QList<QScreen*> screens = QGuiApplication::screens();
-    return std::any_of(screens.begin(), screens.end(), [&window](const QScreen* screen) {
-        return screen->geometry() == window.geometry();
-    });
+    const auto covered =
+        std::find_if(screens.begin(), screens.end(), [&window](const QScreen* screen) {
+            return coveringGeometry(*screen) == window.geometry();
+        });
+    return covered == screens.end() ? nullptr : *covered;
+}
+
+// Fixed-size hints: a window manager that fits or maximises new windows leaves this one as it is.
+void fixSize(QWindow& window)
+{
+    window.setMinimumSize(window.size());
+    window.setMaximumSize(window.size());
+}
+
+// Where the toolkit's sizes reach beyond the edge of the screen: by a part of a logical pixel.
+void fitExactly(QWindow& window, const QRect& place)
+{
+    const qreal ratio = window.devicePixelRatio();
+    if ((QSizeF(window.size()) * ratio).toSize() == place.size())
+        return;
+    // The hints allow the exact size, which lies between two that the toolkit can give.
+    window.setMinimumSize(
+        {static_cast<int>(place.width() / ratio), static_cast<int>(place.height() / ratio)});
+    if (!window.findChild<X11::SizeRounding*>(QString(), Qt::FindDirectChildrenOnly))
+        new X11::SizeRounding(window);
+    X11::setGeometry(window.winId(), place);
 }
 
 }
@@ -64,11 +91,13 @@ void WindowPresenter::present(QWindow& window) const
     if (!X11::isAvailable())
         return;
 
-    const WindowLayer layer = coveringLayer(X11::windowManagerName(), coversScreen(window));
+    const QScreen* covered = coveredScreen(window);
+    const WindowLayer layer = coveringLayer(X11::windowManagerName(), covered != nullptr);
     X11::setWindowLayer(window.winId(), layer);
-    // Fixed-size hints: a window manager that fits or maximises new windows leaves this one as it is.
-    window.setMinimumSize(window.size());
-    window.setMaximumSize(window.size());
+    fixSize(window);
+    const std::optional<QRect> place = covered ? deviceGeometry(*covered) : std::nullopt;
+    if (place)
+        fitExactly(window, *place);
     window.setWindowStates(layer.fullScreen ? Qt::WindowFullScreen : Qt::WindowNoState);
 }
 

@@ -1,8 +1,7 @@
 #include "os/x11/x11window.h"
 
 #include "os/x11/replypointer.h"
-
-#include <QGuiApplication>
+#include "os/x11/x11connection.h"
 
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
@@ -16,17 +15,6 @@ namespace {
 
 // The length of text properties that are read, in units of four bytes.
 constexpr uint32_t longestName = 64;
-
-xcb_connection_t* connection()
-{
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
-    return x11 ? x11->connection() : nullptr;
-}
-
-xcb_window_t rootWindow()
-{
-    return xcb_setup_roots_iterator(xcb_get_setup(connection())).data->root;
-}
 
 xcb_atom_t atom(QByteArrayView name)
 {
@@ -96,6 +84,18 @@ void setWindowLayer(WId window, const System::WindowLayer& layer)
         atom("_NET_WM_WINDOW_TYPE_NORMAL")};
     xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window),
                         atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 32, types.size(), types.data());
+    xcb_flush(connection());
+}
+
+void setGeometry(WId window, const QRect& geometry)
+{
+    const std::array<uint32_t, 4> values{
+        static_cast<uint32_t>(geometry.x()), static_cast<uint32_t>(geometry.y()),
+        static_cast<uint32_t>(geometry.width()), static_cast<uint32_t>(geometry.height())};
+    xcb_configure_window(connection(), toWindow(window),
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH
+                             | XCB_CONFIG_WINDOW_HEIGHT,
+                         values.data());
     xcb_flush(connection());
 }
 
