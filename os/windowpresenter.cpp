@@ -48,7 +48,9 @@ void fitExactly(QWindow& window, const QRect& place)
     const qreal ratio = window.devicePixelRatio();
     if ((QSizeF(window.size()) * ratio).toSize() == place.size())
         return;
-    // The hints allow the exact size, which lies between two that the toolkit can give.
+    // The hints allow the exact size, which lies between two that the toolkit can give; steps of a
+    // logical pixel would not.
+    window.setSizeIncrement(QSize(0, 0));
     window.setMinimumSize(
         {static_cast<int>(place.width() / ratio), static_cast<int>(place.height() / ratio)});
     if (!window.findChild<X11::SizeRounding*>(QString(), Qt::FindDirectChildrenOnly))
