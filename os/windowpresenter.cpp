@@ -2,7 +2,7 @@
 
 #include "os/screencover.h"
 #include "os/windowlayer.h"
-#include "os/x11/sizerounding.h"
+#include "os/x11/exactplace.h"
 #include "os/x11/x11window.h"
 
 #include <QEvent>
@@ -48,14 +48,11 @@ void fitExactly(QWindow& window, const QRect& place)
     const qreal ratio = window.devicePixelRatio();
     if ((QSizeF(window.size()) * ratio).toSize() == place.size())
         return;
-    // The hints allow the exact size, which lies between two that the toolkit can give; steps of a
-    // logical pixel would not.
-    window.setSizeIncrement(QSize(0, 0));
+    // The hints allow the exact size, which lies between two that the toolkit can give.
     window.setMinimumSize(
         {static_cast<int>(place.width() / ratio), static_cast<int>(place.height() / ratio)});
-    if (!window.findChild<X11::SizeRounding*>(QString(), Qt::FindDirectChildrenOnly))
-        new X11::SizeRounding(window);
-    X11::setGeometry(window.winId(), place);
+    delete window.findChild<X11::ExactPlace*>(QString(), Qt::FindDirectChildrenOnly);
+    new X11::ExactPlace(window, place);
 }
 
 }

@@ -99,6 +99,23 @@ void setGeometry(WId window, const QRect& geometry)
     xcb_flush(connection());
 }
 
+void allowAnySize(WId window)
+{
+    // The flags come first, in four bytes; what they no longer tell of may stay.
+    constexpr uint32_t steps = 1U << 6 | 1U << 8; // their width, and where they begin
+    QByteArray hints = propertyValue(toWindow(window), "WM_NORMAL_HINTS");
+    uint32_t flags = 0;
+    if (hints.size() < qsizetype(sizeof flags))
+        return;
+    std::copy_n(hints.begin(), sizeof flags, reinterpret_cast<char*>(&flags));
+    flags &= ~steps;
+    std::copy_n(reinterpret_cast<const char*>(&flags), sizeof flags, hints.begin());
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window),
+                        XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32,
+                        static_cast<uint32_t>(hints.size() / sizeof flags), hints.constData());
+    xcb_flush(connection());
+}
+
 void keepAbove(WId window)
 {
     // Action 1 adds the state, source 1 is a normal application.

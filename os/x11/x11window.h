@@ -31,6 +31,9 @@ void setWindowLayer(WId window, const System::WindowLayer& layer);
 /// @param geometry  in device pixels, seen from the root window
 void setGeometry(WId window, const QRect& geometry);
 
+/// Takes back the hint that the window's size goes in steps.
+void allowAnySize(WId window);
+
 /// Asks the window manager to keep a mapped window above others.
 void keepAbove(WId window);
 

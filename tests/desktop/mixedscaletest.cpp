@@ -121,8 +121,8 @@ void MixedScaleTest::inkIsUnderThePointersTip()
 
         // then
         const int reach = 40;
-        const Ink dot(desktop->screen.grab({corner + point - QPoint(reach, reach),
-                                            QSize(2 * reach, 2 * reach)}),
+        const Ink dot(desktop->screen.grab(
+                          {corner + point - QPoint(reach, reach), QSize(2 * reach, 2 * reach)}),
                       Qt::white, Qt::blue);
         const QPointF middle = dot.middle();
         QVERIFY2(qAbs(middle.x() - reach) < 0.1 && qAbs(middle.y() - reach) < 0.1,
