@@ -2,17 +2,12 @@
 
 #include <X11/keysym.h>
 
-/// The colour dialog, opened by the last entry of the colour list, with each window manager and with none.
+/// The colour dialog, opened by the last entry of the colour list, and what becomes of the colour. How it gets along
+/// with window managers is a matter of the matrix.
 class ColourDialogTest : public DesktopTest {
     Q_OBJECT
 
 private slots:
-    void itOpensAboveTheFrameWithTheKeyboard_data() { addWindowManagers(); }
-    void itOpensAboveTheFrameWithTheKeyboard();
-    void escapeClosesOnlyTheDialog_data() { addWindowManagers(); }
-    void escapeClosesOnlyTheDialog();
-    void aColourTypedInIsTaken_data() { addWindowManagers(); }
-    void aColourTypedInIsTaken();
     void aSecondColourReplacesTheFirst();
     void aPresetColourAddsNoEntry();
     void thePaletteStaysBrightMeanwhile();
@@ -29,67 +24,8 @@ bool ColourDialogTest::pick(const QByteArray& name, const Program& korvel) const
 {
     if (!desktop->controls.openColourDialog(korvel))
         return false;
-    desktop->keyboard.strikeWith(XK_Alt_L, 'h'); // to the field "HTML", all selected
-    desktop->keyboard.type(name);
-    desktop->keyboard.strike(XK_Return);
+    desktop->controls.typeColour(name);
     return eventually([&] { return dialog() == XCB_NONE && korvel.hasKeyboard(); });
-}
-
-void ColourDialogTest::itOpensAboveTheFrameWithTheKeyboard()
-{
-    // given
-    QFETCH(WindowManager::Kind, kind);
-    QVERIFY(startWindowManager(kind));
-    const Program korvel(*desktop);
-    EVENTUALLY(korvel.isReady());
-
-    // when
-    QVERIFY(desktop->controls.openColourDialog(korvel));
-
-    // then
-    QVERIFY(desktop->windows.isAbove(dialog(), korvel.frame()));
-    QVERIFY(desktop->screen.area().contains(desktop->windows.geometry(dialog())));
-}
-
-void ColourDialogTest::escapeClosesOnlyTheDialog()
-{
-    // given
-    QFETCH(WindowManager::Kind, kind);
-    QVERIFY(startWindowManager(kind));
-    Program korvel(*desktop);
-    EVENTUALLY(korvel.isReady());
-    QVERIFY(desktop->controls.openColourDialog(korvel));
-
-    // when
-    desktop->keyboard.strike(XK_Escape);
-
-    // then
-    EVENTUALLY(dialog() == XCB_NONE);
-    EVENTUALLY(korvel.hasKeyboard());
-    QVERIFY(parkPointer(Away, Qt::yellow));
-    QCOMPARE(korvel.status(), ChildProcess::Running);
-    desktop->keyboard.strike(XK_Escape);
-    EVENTUALLY_COMPARE(korvel.status(), 0);
-}
-
-void ColourDialogTest::aColourTypedInIsTaken()
-{
-    // given
-    QFETCH(WindowManager::Kind, kind);
-    QVERIFY(startWindowManager(kind));
-    Program korvel(*desktop);
-    EVENTUALLY(korvel.isReady());
-
-    // when
-    QVERIFY(pick("#12ab56", korvel));
-
-    // then
-    const QColor picked(0x12, 0xab, 0x56);
-    desktop->pointer.drag(line({200, 200}, {400, 200}));
-    QVERIFY(parkPointer(Away, picked));
-    QCOMPARE(desktop->screen.colourAt({300, 200}), picked);
-    desktop->keyboard.strike(XK_Escape); // without a click since the dialog closed
-    EVENTUALLY_COMPARE(korvel.status(), 0);
 }
 
 void ColourDialogTest::aSecondColourReplacesTheFirst()

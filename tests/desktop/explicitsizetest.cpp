@@ -14,40 +14,33 @@ private slots:
     void theFrameLiesAtTheScreensCorner();
 
 private:
-    static void addRows(const char* manager, WindowManager::Kind kind);
-
     static constexpr QRect Left{0, 0, 1280, 800};
     static constexpr QRect Right{1280, 0, 1024, 768};
     static constexpr QRect Below{300, 800, 1366, 768};
 };
 
-void ExplicitSizeTest::addRows(const char* manager, WindowManager::Kind kind)
-{
-    QTest::addRow("%s, on the first", manager) << kind << QPoint(100, 100) << Left.topLeft();
-    QTest::addRow("%s, on the third", manager) << kind << QPoint(1600, 1500) << Below.topLeft();
-}
-
 void ExplicitSizeTest::theFrameLiesAtTheScreensCorner_data()
 {
-    QTest::addColumn<WindowManager::Kind>("kind");
+    QTest::addColumn<QByteArray>("managerName");
     QTest::addColumn<QPoint>("pointer");
     QTest::addColumn<QPoint>("corner");
 
-    addRows("no window manager", WindowManager::Kind::None);
-    if (!isEveryDesktopWanted())
-        return;
-    addRows("openbox", WindowManager::Kind::Openbox);
-    addRows("xfwm4", WindowManager::Kind::Xfwm4);
+    for (const QByteArray& name : managersWanted()) {
+        QTest::addRow("%s, on the first", name.constData())
+            << name << QPoint(100, 100) << Left.topLeft();
+        QTest::addRow("%s, on the third", name.constData())
+            << name << QPoint(1600, 1500) << Below.topLeft();
+    }
 }
 
 void ExplicitSizeTest::theFrameLiesAtTheScreensCorner()
 {
     // given
-    QFETCH(WindowManager::Kind, kind);
+    QFETCH(QByteArray, managerName);
     QFETCH(QPoint, pointer);
     QFETCH(QPoint, corner);
     QVERIFY(plugIn({Left, Right, Below}));
-    QVERIFY(startWindowManager(kind));
+    QVERIFY(startWindowManager(managerName));
     desktop->backdrop.paintPattern();
     desktop->pointer.moveTo(pointer);
 

@@ -14,8 +14,6 @@ private slots:
     void anEndedProcessTellsItsStatus();
     void outputIsCollected();
     void aProcessDiesWithItsObject();
-    void aWindowManagerTakesCharge_data() { addWindowManagers(); }
-    void aWindowManagerTakesCharge();
     void windowsAreFoundInTheirOrder();
     void inkIsMeasured();
 };
@@ -100,18 +98,6 @@ void HarnessTest::aProcessDiesWithItsObject()
 
     // then
     QCOMPARE(::kill(pid, 0), -1);
-}
-
-void HarnessTest::aWindowManagerTakesCharge()
-{
-    // given
-    QFETCH(WindowManager::Kind, kind);
-
-    // when
-    const bool tookCharge = startWindowManager(kind);
-
-    // then
-    QVERIFY(tookCharge);
 }
 
 void HarnessTest::windowsAreFoundInTheirOrder()

@@ -54,23 +54,21 @@ void MixedScaleTest::addScreens()
 
 void MixedScaleTest::addManagedScreens()
 {
-    QTest::addColumn<WindowManager::Kind>("kind");
+    QTest::addColumn<QByteArray>("managerName");
     QTest::addColumn<QByteArray>("factors");
     QTest::addColumn<int>("home");
 
-    constexpr auto none = WindowManager::Kind::None;
+    const QByteArray none("none");
     QTest::newRow("1.5 beside 2, on the first") << none << QByteArray("DUMMY0=1.5;DUMMY1=2") << 0;
     QTest::newRow("1.75 beside 1.5, on the second")
         << none << QByteArray("DUMMY0=1.75;DUMMY1=1.5") << 1;
     if (!isEveryDesktopWanted())
         return;
-    for (const auto& [name, kind] :
-         {std::pair("no window manager", none), std::pair("openbox", WindowManager::Kind::Openbox),
-          std::pair("xfwm4", WindowManager::Kind::Xfwm4)}) {
+    for (const QByteArray& name : managersWanted()) {
         for (const QByteArray factors : FurtherFactors) {
             for (const int home : {0, 1})
-                QTest::addRow("%s, %s, on %d", name, factors.constData(), home)
-                    << kind << factors << home;
+                QTest::addRow("%s, %s, on %d", name.constData(), factors.constData(), home)
+                    << name << factors << home;
         }
     }
 }
@@ -78,12 +76,12 @@ void MixedScaleTest::addManagedScreens()
 void MixedScaleTest::thePictureIsOneToOneToTheLastPixel()
 {
     // given
-    QFETCH(WindowManager::Kind, kind);
+    QFETCH(QByteArray, managerName);
     QFETCH(QByteArray, factors);
     QFETCH(int, home);
     const QRect monitor = home == 0 ? Left : Right;
     QVERIFY(plugIn({Left, Right}));
-    QVERIFY(startWindowManager(kind));
+    QVERIFY(startWindowManager(managerName));
     desktop->backdrop.paintPattern();
     desktop->pointer.moveTo(monitor.topLeft() + QPoint(60, 60));
 

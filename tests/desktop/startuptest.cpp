@@ -117,7 +117,7 @@ void StartupTest::itWorksInItsOwnFolder()
 void StartupTest::aSecondOneRunsBesideTheFirst()
 {
     // given
-    QVERIFY(startWindowManager(WindowManager::Kind::Openbox));
+    QVERIFY(startWindowManager("openbox"));
     Program first(*desktop, {.arguments = {"20", "0", "0", "255"}});
     EVENTUALLY(first.isReady());
     desktop->pointer.drag(line({200, 200}, {400, 200}));

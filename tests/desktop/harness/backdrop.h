@@ -21,7 +21,5 @@ public:
     [[nodiscard]] static QImage pattern(QSize size);
 
 private:
-    void show(const QImage& picture) const;
-
     const XConnection& x;
 };

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/clientwindow.h"
 
+#include "tests/desktop/harness/windowbackground.h"
 #include "tests/desktop/harness/xconnection.h"
 
 #include <QList>
@@ -12,7 +13,9 @@ ClientWindow::ClientWindow(const XConnection& connection, Kind kind, QRect place
     askForPlace(place);
     askForNoDecoration();
     if (kind == Kind::AlwaysOnTop)
-        stayOnTop();
+        ask("_NET_WM_STATE_ABOVE");
+    if (kind == Kind::FullScreen)
+        ask("_NET_WM_STATE_FULLSCREEN");
     if (kind == Kind::Dock)
         becomeDock(place);
     show();
@@ -36,6 +39,11 @@ void ClientWindow::fill(QColor colour) const
     xcb_change_window_attributes(x.raw(), window, XCB_CW_BACK_PIXEL, &pixel);
     xcb_clear_area(x.raw(), 0, window, 0, 0, 0, 0);
     x.synchronise();
+}
+
+void ClientWindow::fill(const QImage& picture) const
+{
+    setBackground(x, window, picture);
 }
 
 void ClientWindow::takeKeyboard() const
@@ -74,9 +82,9 @@ void ClientWindow::askForNoDecoration()
     setProperty("WM_HINTS", XCB_ATOM_WM_HINTS, {inputIsGiven, 1, 0, 0, 0, 0, 0, 0, 0});
 }
 
-void ClientWindow::stayOnTop()
+void ClientWindow::ask(const char* state)
 {
-    setProperty("_NET_WM_STATE", XCB_ATOM_ATOM, {x.atom("_NET_WM_STATE_ABOVE")});
+    setProperty("_NET_WM_STATE", XCB_ATOM_ATOM, {x.atom(state)});
 }
 
 void ClientWindow::becomeDock(QRect place)

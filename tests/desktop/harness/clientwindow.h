@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QColor>
+#include <QImage>
 #include <QRect>
 
 #include <xcb/xcb.h>
@@ -13,6 +14,7 @@ public:
     enum class Kind {
         Ordinary,
         AlwaysOnTop,
+        FullScreen, ///< covers the whole screen, as a presentation does
         Dock, ///< reserves its side of the screen, top or bottom, as panels do
         Unmanaged, ///< of no concern to the window manager, as tooltips are
     };
@@ -28,6 +30,8 @@ public:
     void show() const;
     /// Paints it anew in another colour, as far as it is to be seen.
     void fill(QColor colour) const;
+    /// Paints it anew with a picture, from its top-left corner.
+    void fill(const QImage& picture) const;
     /// Gets the keys from now on; for screens without a window manager.
     void takeKeyboard() const;
 
@@ -35,7 +39,7 @@ private:
     void create(QRect place, QColor colour, bool unmanaged);
     void askForPlace(QRect place);
     void askForNoDecoration();
-    void stayOnTop();
+    void ask(const char* state);
     void becomeDock(QRect place);
     void setProperty(const char* name, xcb_atom_t type, const QList<uint32_t>& values);
 

@@ -57,6 +57,13 @@ bool Controls::openColourDialog(const Program& program) const
     });
 }
 
+void Controls::typeColour(const QByteArray& name) const
+{
+    desktop.keyboard.strikeWith(XK_Alt_L, 'h'); // to the field "HTML", all selected
+    desktop.keyboard.type(name);
+    desktop.keyboard.strike(XK_Return);
+}
+
 xcb_window_t Controls::colourDialog() const
 {
     return desktop.windows.titled("Choose a Custom Color");

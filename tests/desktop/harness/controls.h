@@ -24,6 +24,9 @@ public:
 
     /// Chooses the last entry of the colour list. False if no dialog appears and takes the keyboard.
     [[nodiscard]] bool openColourDialog(const Program& program) const;
+    /// Types a colour into the open dialog's field and confirms it.
+    /// @param name  such as "#12ab56"
+    void typeColour(const QByteArray& name) const;
     /// XCB_NONE while there is none on the screen.
     [[nodiscard]] xcb_window_t colourDialog() const;
 

@@ -10,19 +10,14 @@ bool DesktopTest::parkPointer(QPoint place, QColor dotColour) const
     return eventually([&] { return desktop->screen.colourAt(place) == dotColour; });
 }
 
-void DesktopTest::addWindowManagers()
+bool DesktopTest::startWindowManager(const QByteArray& name)
 {
-    QTest::addColumn<WindowManager::Kind>("kind");
-
-    QTest::newRow("no window manager") << WindowManager::Kind::None;
-    QTest::newRow("openbox") << WindowManager::Kind::Openbox;
-    QTest::newRow("xfwm4") << WindowManager::Kind::Xfwm4;
-}
-
-bool DesktopTest::startWindowManager(WindowManager::Kind kind)
-{
-    manager.emplace(kind, desktop->x, desktop->display);
-    return eventually([this] { return manager->isInCharge(); });
+    const ManagerRecipe* recipe = managerRecipe(name);
+    if (!recipe)
+        return false;
+    manager.emplace(*recipe, desktop->x, desktop->display);
+    return eventually([this] { return manager->isInCharge() || !manager->isAlive(); })
+        && manager->isAlive();
 }
 
 std::unique_ptr<XServer> DesktopTest::startServer()
@@ -38,10 +33,12 @@ void DesktopTest::init()
     desktop.emplace(server->display());
     desktop->backdrop.fill(Qt::white);
     desktop->pointer.moveTo(StartPoint);
+    furnish();
 }
 
 void DesktopTest::cleanup()
 {
+    clearAway();
     manager.reset();
     desktop.reset();
     server.reset();

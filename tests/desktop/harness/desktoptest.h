@@ -25,21 +25,23 @@ protected:
     /// @param dotColour  as it appears on the screen
     [[nodiscard]] bool parkPointer(QPoint place, QColor dotColour) const;
 
-    /// Rows for a test that holds with each window manager and with none; column "kind".
-    static void addWindowManagers();
     /// Returns when it has taken charge; false if it does not.
-    [[nodiscard]] bool startWindowManager(WindowManager::Kind kind);
+    /// @param name  one of the table's (managerrecipe.h)
+    [[nodiscard]] bool startWindowManager(const QByteArray& name);
+
+    /// What a derived test wants on every fresh desktop.
+    virtual void furnish() { }
+    /// Takes down what furnish() has put there.
+    virtual void clearAway() { }
 
     /// The server for one test function.
     [[nodiscard]] virtual std::unique_ptr<XServer> startServer();
 
-    std::optional<Desktop> desktop;
     std::unique_ptr<XServer> server;
+    std::optional<Desktop> desktop;
+    std::optional<WindowManager> manager;
 
 private slots:
     void init();
     void cleanup();
-
-private:
-    std::optional<WindowManager> manager;
 };

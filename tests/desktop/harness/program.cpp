@@ -1,8 +1,7 @@
 #include "tests/desktop/harness/program.h"
 
+#include "tests/desktop/harness/clientmessage.h"
 #include "tests/desktop/harness/desktop.h"
-
-#include <algorithm>
 
 namespace {
 
@@ -53,28 +52,12 @@ bool Program::isReady() const
 
 void Program::askFrameToClose() const
 {
-    sendMessage(frame(), XCB_EVENT_MASK_NO_EVENT, "WM_PROTOCOLS",
-                {desktop.x.atom("WM_DELETE_WINDOW"), XCB_CURRENT_TIME});
+    askWindow(desktop.x, frame(), "WM_PROTOCOLS",
+              {desktop.x.atom("WM_DELETE_WINDOW"), XCB_CURRENT_TIME});
 }
 
 void Program::closeThroughManager() const
 {
     constexpr uint32_t byATaskBar = 2;
-    sendMessage(desktop.x.root(),
-                XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT | XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY,
-                "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, byATaskBar});
-}
-
-void Program::sendMessage(xcb_window_t receiver, uint32_t eventMask, const char* type,
-                          const QList<uint32_t>& data) const
-{
-    xcb_client_message_event_t message{};
-    message.response_type = XCB_CLIENT_MESSAGE;
-    message.format = 32;
-    message.window = frame();
-    message.type = desktop.x.atom(type);
-    std::copy(data.begin(), data.end(), message.data.data32);
-    xcb_send_event(desktop.x.raw(), 0, receiver, eventMask,
-                   reinterpret_cast<const char*>(&message));
-    desktop.x.synchronise();
+    askWindowManager(desktop.x, frame(), "_NET_CLOSE_WINDOW", {XCB_CURRENT_TIME, byATaskBar});
 }

@@ -41,9 +41,6 @@ public:
     [[nodiscard]] pid_t pid() const { return child.pid(); }
 
 private:
-    void sendMessage(xcb_window_t receiver, uint32_t eventMask, const char* type,
-                     const QList<uint32_t>& data) const;
-
     const Desktop& desktop;
     const QColor colourBefore;
     ChildProcess child;

@@ -42,6 +42,18 @@ QImage blanked(QImage picture, const QList<QRect>& areas)
     return picture;
 }
 
+QRect difference(const QImage& one, const QImage& other)
+{
+    QRect result;
+    for (int row = 0; row < one.height(); ++row) {
+        for (int column = 0; column < one.width(); ++column) {
+            if (one.pixel(column, row) != other.pixel(column, row))
+                result |= QRect(column, row, 1, 1);
+        }
+    }
+    return result;
+}
+
 bool contains(const QImage& picture, QColor colour)
 {
     for (int row = 0; row < picture.height(); ++row) {

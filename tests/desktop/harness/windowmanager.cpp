@@ -1,71 +1,99 @@
 #include "tests/desktop/harness/windowmanager.h"
 
+#include "tests/desktop/harness/clientmessage.h"
 #include "tests/desktop/harness/clientwindow.h"
 #include "tests/desktop/harness/eventually.h"
+#include "tests/desktop/harness/windows.h"
 #include "tests/desktop/harness/xconnection.h"
 
-WindowManager::WindowManager(Kind wanted, const XConnection& connection, const QByteArray& display)
-    : kind(wanted)
+#include <QDir>
+#include <QFileInfo>
+
+WindowManager::WindowManager(const ManagerRecipe& wanted, const XConnection& connection,
+                             const QByteArray& where)
+    : recipe(wanted)
     , x(connection)
+    , display(where)
 {
-    if (kind == Kind::Openbox)
-        startOpenbox(display);
-    if (kind == Kind::Xfwm4)
-        startXfwm4(display);
+    if (recipe.program.isEmpty())
+        return;
+    writeSettings();
+    if (recipe.needsBus)
+        bus.emplace(home, display);
+    manager = std::make_unique<ChildProcess>(Command{
+        .program = recipe.program,
+        .arguments = recipe.arguments,
+        .environment = environment(),
+    });
 }
 
 WindowManager::~WindowManager() = default;
 
 bool WindowManager::isInCharge()
 {
-    if (kind == Kind::None)
+    if (!manager)
         return true;
-    if (!hasProperty(x.root(), "_NET_SUPPORTING_WM_CHECK"))
+    const Windows windows(x);
+    if (!windows.has(x.root(), "_NET_SUPPORTING_WM_CHECK"))
         return false;
     // Openbox announces itself a little too early: windows that ask to be shown before it listens are forgotten.
     if (!probe)
         probe = std::make_unique<ClientWindow>(x, ClientWindow::Kind::Ordinary, QRect(0, 0, 1, 1),
                                                Qt::white);
     probe->show();
-    if (!hasProperty(probe->id(), "WM_STATE"))
+    if (!windows.has(probe->id(), "WM_STATE"))
         return false;
     probe.reset();
     return true;
 }
 
-bool WindowManager::hasProperty(xcb_window_t window, const char* name) const
+bool WindowManager::isAlive()
 {
-    const auto cookie =
-        xcb_get_property(x.raw(), 0, window, x.atom(name), XCB_GET_PROPERTY_TYPE_ANY, 0, 1);
-    const Reply<xcb_get_property_reply_t> reply(xcb_get_property_reply(x.raw(), cookie, nullptr));
-    return reply && reply->value_len > 0;
+    return !manager || manager->isRunning();
 }
 
-void WindowManager::startOpenbox(const QByteArray& display)
+QByteArray WindowManager::output() const
 {
-    manager = std::make_unique<ChildProcess>(Command{
-        .program = "/usr/bin/openbox",
-        .arguments = {"--sm-disable"},
-        .environment = home.environment(display),
-    });
+    return manager ? manager->output() : QByteArray();
 }
 
-void WindowManager::startXfwm4(const QByteArray& display)
+void WindowManager::kill()
 {
-    // It asks for its own settings over a message bus, and ends at once where there is none.
-    const QByteArray address = "unix:path=" + QFile::encodeName(home.path()) + "/.config/bus";
-    Environment environment = home.environment(display);
-    environment["DBUS_SESSION_BUS_ADDRESS"] = address;
-    bus = std::make_unique<ChildProcess>(Command{
-        .program = "/usr/bin/dbus-daemon",
-        .arguments = {"--session", "--nofork", "--nopidfile", "--address=" + address},
-        .environment = environment,
+    if (manager)
+        manager->send(SIGKILL);
+    static_cast<void>(eventually([this] { return !manager || !manager->isRunning(); }));
+}
+
+void WindowManager::goToDesktop(int number)
+{
+    if (recipe.desktopCommand.isEmpty()) {
+        askWindowManager(x, x.root(), "_NET_CURRENT_DESKTOP",
+                         {static_cast<uint32_t>(number), XCB_CURRENT_TIME});
+        return;
+    }
+    ChildProcess command({
+        .program = recipe.desktopCommand.first(),
+        .arguments = recipe.desktopCommand.mid(1) + QByteArrayList{QByteArray::number(number + 1)},
+        .environment = environment(),
     });
-    static_cast<void>(
-        eventually([&] { return QFile::exists(home.configPath() + QStringLiteral("/bus")); }));
-    manager = std::make_unique<ChildProcess>(Command{
-        .program = "/usr/bin/xfwm4",
-        .arguments = {"--compositor=off", "--sm-client-disable"},
-        .environment = environment,
-    });
+    static_cast<void>(eventually([&] { return !command.isRunning(); }));
+}
+
+Environment WindowManager::environment() const
+{
+    Environment result = home.environment(display);
+    result.insert(recipe.environment);
+    if (bus)
+        result["DBUS_SESSION_BUS_ADDRESS"] = bus->address();
+    return result;
+}
+
+void WindowManager::writeSettings() const
+{
+    for (auto entry = recipe.settings.begin(); entry != recipe.settings.end(); ++entry) {
+        QFile file(home.path() + '/' + QFile::decodeName(entry.key()));
+        QDir().mkpath(QFileInfo(file).path());
+        if (file.open(QFile::WriteOnly))
+            file.write(entry.value());
+    }
 }

@@ -134,12 +134,36 @@ xcb_window_t Windows::focused() const
     return reply ? reply->focus : xcb_window_t{XCB_NONE};
 }
 
+int Windows::currentDesktop() const
+{
+    const QByteArray bytes = property(x.root(), x.atom("_NET_CURRENT_DESKTOP"));
+    uint32_t number = 0;
+    if (bytes.size() != sizeof number)
+        return -1;
+    std::memcpy(&number, bytes.constData(), sizeof number);
+    return static_cast<int>(number);
+}
+
+bool Windows::has(xcb_window_t window, const char* name) const
+{
+    return !property(window, x.atom(name)).isEmpty();
+}
+
+bool Windows::isListed(xcb_window_t window) const
+{
+    return listHolds(x.root(), "_NET_CLIENT_LIST", window);
+}
+
 bool Windows::lists(xcb_window_t window, const char* propertyName, const char* atom) const
 {
+    return listHolds(window, propertyName, x.atom(atom));
+}
+
+bool Windows::listHolds(xcb_window_t window, const char* propertyName, uint32_t value) const
+{
     const QByteArray bytes = property(window, x.atom(propertyName));
-    const xcb_atom_t wanted = x.atom(atom);
     for (qsizetype offset = 0; offset + 4 <= bytes.size(); offset += 4) {
-        if (std::memcmp(bytes.constData() + offset, &wanted, sizeof wanted) == 0)
+        if (std::memcmp(bytes.constData() + offset, &value, sizeof value) == 0)
             return true;
     }
     return false;

@@ -29,6 +29,11 @@ public:
     [[nodiscard]] bool isAbove(xcb_window_t upper, xcb_window_t lower) const;
     /// The window that gets the keys.
     [[nodiscard]] xcb_window_t focused() const;
+    /// The virtual desktop that is shown, counted from 0; -1 if nobody tells.
+    [[nodiscard]] int currentDesktop() const;
+    /// Whether the window manager has taken the window into its list.
+    [[nodiscard]] bool isListed(xcb_window_t window) const;
+    [[nodiscard]] bool has(xcb_window_t window, const char* property) const;
     /// Whether the property, a list of atoms, holds the atom of this name.
     [[nodiscard]] bool lists(xcb_window_t window, const char* property, const char* atom) const;
 
@@ -41,6 +46,7 @@ private:
     [[nodiscard]] xcb_window_t childOfRoot(xcb_window_t window) const;
     [[nodiscard]] QList<Found> onScreen() const;
     [[nodiscard]] QList<xcb_window_t> ownedBy(pid_t process, bool unmanaged) const;
+    [[nodiscard]] bool listHolds(xcb_window_t window, const char* property, uint32_t value) const;
     [[nodiscard]] QByteArray property(xcb_window_t window, xcb_atom_t name) const;
 
     const XConnection& x;

@@ -1,0 +1,141 @@
+#include "tests/desktop/harness/panel.h"
+#include "tests/desktop/matrix/matrixtest.h"
+
+/// The frame lies over everything, and what it shows is what was there, to the pixel.
+class CoveringTest : public MatrixTest {
+    Q_OBJECT
+
+private slots:
+    void panelsAndWindowsOnTopAreCovered();
+    void aRealPanelIsCovered();
+    void anotherProgramInFullScreenIsCovered();
+    void thePictureNeverMovesWhileTheFrameOpens();
+    void aNewWindowStaysUnderTheFrame();
+    void aNewWindowOnTopStaysUnderTheFrame();
+
+private:
+    static constexpr QRect TopPanel{0, 0, 1280, 30};
+    static constexpr QRect BottomPanel{0, 760, 1280, 40};
+    static constexpr QRect TopWindow{300, 200, 400, 300};
+    static constexpr QRect Document{750, 300, 300, 300};
+
+    void expectUnderTheFrame(ClientWindow::Kind kind);
+};
+
+void CoveringTest::panelsAndWindowsOnTopAreCovered()
+{
+    // given
+    const ClientWindow top = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
+    const ClientWindow bottom = client(ClientWindow::Kind::Dock, BottomPanel, Qt::cyan);
+    const ClientWindow above = client(ClientWindow::Kind::AlwaysOnTop, TopWindow, Qt::blue);
+    EVENTUALLY(shows(top, Qt::green) && shows(bottom, Qt::cyan) && shows(above, Qt::blue));
+    const QImage before = settledPicture();
+
+    // when
+    const Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    for (const ClientWindow* window : {&top, &bottom, &above})
+        window->fill(Qt::red); // would show if it were above the frame
+
+    // then
+    QCOMPARE(desktop->windows.geometry(korvel.frame()), desktop->screen.area());
+    EVENTUALLY_COMPARE(difference(pictureBesidesPalette(), withoutPalette(before)), QRect());
+    QVERIFY(parkPointer({100, 780}, Qt::yellow)); // where a panel is
+    EVENTUALLY_COMPARE(difference(pictureBesidesPalette(), withoutPalette(before)), QRect());
+}
+
+void CoveringTest::aRealPanelIsCovered()
+{
+    // given
+    if (!QFile::exists(QLatin1String(Panel::executable)))
+        QSKIP("tint2 is not installed");
+    if (!isManaged())
+        QSKIP("it waits for a window manager");
+    const Panel panel(*desktop);
+    EVENTUALLY(panel.window() != XCB_NONE);
+    const QImage before = settledPicture();
+    const QPoint onPanel = desktop->windows.geometry(panel.window()).center();
+    QCOMPARE(before.pixelColor(onPanel), QColor(0, 255, 0));
+
+    // when
+    const Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // then
+    QVERIFY(desktop->windows.isAbove(korvel.frame(), panel.window()));
+    QVERIFY(parkPointer(onPanel, Qt::yellow));
+    EVENTUALLY_COMPARE(difference(pictureBesidesPalette(), withoutPalette(before)), QRect());
+}
+
+void CoveringTest::anotherProgramInFullScreenIsCovered()
+{
+    // given
+    const ClientWindow slides =
+        client(ClientWindow::Kind::FullScreen, desktop->screen.area(), Qt::blue);
+    slides.fill(Backdrop::pattern(desktop->screen.area().size()));
+    EVENTUALLY_COMPARE(settledPicture(), Backdrop::pattern(desktop->screen.area().size()));
+    const QImage before = desktop->screen.grab();
+
+    // when
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    slides.fill(Qt::red);
+
+    // then
+    EVENTUALLY_COMPARE(difference(pictureBesidesPalette(), withoutPalette(before)), QRect());
+}
+
+void CoveringTest::thePictureNeverMovesWhileTheFrameOpens()
+{
+    // given
+    const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
+    const ClientWindow document = client(ClientWindow::Kind::Ordinary, Document, Qt::blue);
+    document.fill(Backdrop::pattern(Document.size()));
+    EVENTUALLY(shows(panel, Qt::green) && desktop->windows.isOnScreen(document.id()));
+    const QImage before = withoutPalette(settledPicture());
+
+    // when
+    const Program korvel(*desktop);
+    int moved = 0;
+    const auto looked = [&] {
+        moved += pictureBesidesPalette() == before ? 0 : 1;
+        return korvel.isReady();
+    };
+
+    // then
+    EVENTUALLY(looked());
+    QCOMPARE(difference(withoutPalette(settledPicture()), before), QRect());
+    QCOMPARE(moved, 0);
+}
+
+void CoveringTest::aNewWindowStaysUnderTheFrame()
+{
+    expectUnderTheFrame(ClientWindow::Kind::Ordinary);
+}
+
+void CoveringTest::aNewWindowOnTopStaysUnderTheFrame()
+{
+    expectUnderTheFrame(ClientWindow::Kind::AlwaysOnTop);
+}
+
+void CoveringTest::expectUnderTheFrame(ClientWindow::Kind kind)
+{
+    // given
+    if (!isManaged())
+        QSKIP("nobody orders the windows here");
+    const Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    const QImage before = pictureBesidesPalette();
+
+    // when
+    const ClientWindow document = client(kind, Document, Qt::blue);
+    EVENTUALLY(desktop->windows.isListed(document.id()));
+
+    // then
+    EVENTUALLY(desktop->windows.isAbove(korvel.frame(), document.id()));
+    EVENTUALLY_COMPARE(difference(pictureBesidesPalette(), before), QRect());
+    QCOMPARE(difference(withoutPalette(settledPicture()), before), QRect());
+}
+
+QTEST_GUILESS_MAIN(CoveringTest)
+#include "coveringtest.moc"

@@ -1,0 +1,135 @@
+#include "tests/desktop/matrix/matrixtest.h"
+
+#include <X11/keysym.h>
+
+/// When the frame is gone, everything is as before it came.
+class LeavingTest : public MatrixTest {
+    Q_OBJECT
+
+private slots:
+    void windowsLieWhereTheyLay();
+    void theKeyboardIsGivenBack();
+    void theKeyboardIsGivenBackBesideAWindowOnTop();
+    void aFullScreenProgramIsInFrontAgain();
+    void theWindowManagerCanCloseTheFrame();
+
+private:
+    static constexpr QRect TopPanel{0, 0, 1280, 30};
+    static constexpr QRect TopWindow{300, 200, 400, 300};
+    static constexpr QRect Document{500, 350, 500, 300};
+};
+
+void LeavingTest::windowsLieWhereTheyLay()
+{
+    // given
+    const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
+    const ClientWindow above = client(ClientWindow::Kind::AlwaysOnTop, TopWindow, Qt::blue);
+    const ClientWindow document = client(ClientWindow::Kind::Ordinary, Document, Qt::red);
+    EVENTUALLY(shows(panel, Qt::green) && shows(above, Qt::blue)
+               && desktop->windows.isOnScreen(document.id()));
+    const QImage before = settledPicture();
+    const auto places = [&] {
+        return QList<QRect>{desktop->windows.geometry(panel.id()),
+                            desktop->windows.geometry(above.id()),
+                            desktop->windows.geometry(document.id())};
+    };
+    const QList<QRect> placesBefore = places();
+    const bool wasAbove = desktop->windows.isAbove(above.id(), document.id());
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    desktop->pointer.drag(line({200, 200}, {600, 300}));
+
+    // when
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+
+    // then
+    EVENTUALLY_COMPARE(difference(desktop->screen.grab(), before), QRect());
+    QCOMPARE(places(), placesBefore);
+    QCOMPARE(desktop->windows.isAbove(above.id(), document.id()), wasAbove);
+}
+
+void LeavingTest::theKeyboardIsGivenBack()
+{
+    // given
+    const ClientWindow other = client(ClientWindow::Kind::Ordinary, TopWindow, Qt::blue);
+    const ClientWindow document =
+        client(ClientWindow::Kind::Ordinary, {800, 300, 300, 300}, Qt::red);
+    EVENTUALLY(shows(other, Qt::blue) && shows(document, Qt::red));
+    QVERIFY(clickInto(document));
+    desktop->pointer.moveTo(StartPoint);
+    QCOMPARE(desktop->windows.focused(), document.id());
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+
+    // then
+    EVENTUALLY_COMPARE(desktop->windows.focused(), document.id());
+}
+
+void LeavingTest::theKeyboardIsGivenBackBesideAWindowOnTop()
+{
+    // given
+    const ClientWindow above = client(ClientWindow::Kind::AlwaysOnTop, TopWindow, Qt::blue);
+    const ClientWindow document =
+        client(ClientWindow::Kind::Ordinary, {800, 300, 300, 300}, Qt::red);
+    EVENTUALLY(shows(above, Qt::blue) && shows(document, Qt::red));
+    QVERIFY(clickInto(document));
+    desktop->pointer.moveTo(StartPoint);
+    QCOMPARE(desktop->windows.focused(), document.id());
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+
+    // then
+    EVENTUALLY_COMPARE(desktop->windows.focused(), document.id());
+}
+
+void LeavingTest::aFullScreenProgramIsInFrontAgain()
+{
+    // given
+    const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
+    EVENTUALLY(shows(panel, Qt::green));
+    const ClientWindow slides =
+        client(ClientWindow::Kind::FullScreen, desktop->screen.area(), Qt::blue);
+    EVENTUALLY(shows(slides, Qt::blue));
+    QVERIFY(clickInto(slides));
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(TopPanel.center()), QColor(Qt::blue));
+    const QImage before = settledPicture();
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+
+    // then
+    EVENTUALLY_COMPARE(desktop->windows.focused(), slides.id());
+    EVENTUALLY_COMPARE(difference(desktop->screen.grab(), before), QRect());
+}
+
+void LeavingTest::theWindowManagerCanCloseTheFrame()
+{
+    // given
+    if (!isManaged())
+        QSKIP("nobody to close it");
+    const QImage before = settledPicture();
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    korvel.closeThroughManager();
+
+    // then
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+    EVENTUALLY_COMPARE(difference(desktop->screen.grab(), before), QRect());
+}
+
+QTEST_GUILESS_MAIN(LeavingTest)
+#include "leavingtest.moc"

@@ -1,0 +1,84 @@
+#include "tests/desktop/matrix/matrixtest.h"
+
+#include <QFile>
+
+namespace {
+
+constexpr auto CompositorName = "picom";
+
+QByteArrayList partsOfDesktop()
+{
+    return qEnvironmentVariableIsSet("KORVEL_DESKTOP") ? qgetenv("KORVEL_DESKTOP").split('+')
+                                                       : QByteArrayList{"none"};
+}
+
+QByteArray lastLine(const QByteArray& text)
+{
+    return text.trimmed().split('\n').last();
+}
+
+}
+
+QByteArray MatrixTest::managerName()
+{
+    return partsOfDesktop().first();
+}
+
+void MatrixTest::furnish()
+{
+    const ManagerRecipe* recipe = managerRecipe(managerName());
+    QVERIFY2(recipe, "no such window manager in the table");
+    if (!recipe->program.isEmpty() && !QFile::exists(QFile::decodeName(recipe->program)))
+        QSKIP(recipe->program + " is not installed");
+    const bool isInCharge = startWindowManager(managerName());
+    if (!manager->isAlive())
+        QSKIP(recipe->program + " cannot be started here: " + lastLine(manager->output()));
+    QVERIFY2(isInCharge, "the window manager does not take charge");
+
+    if (!partsOfDesktop().contains(CompositorName))
+        return;
+    if (!QFile::exists(QLatin1String(Compositor::executable)))
+        QSKIP(QByteArray(Compositor::executable) + " is not installed");
+    compositor.emplace(desktop->x, desktop->display);
+    EVENTUALLY(compositor->isInCharge());
+}
+
+void MatrixTest::clearAway()
+{
+    compositor.reset();
+}
+
+bool MatrixTest::shows(const ClientWindow& window, QColor colour) const
+{
+    const QRect place = desktop->windows.geometry(window.id());
+    return place.isValid() && desktop->screen.colourAt(place.center()) == colour;
+}
+
+bool MatrixTest::clickInto(const ClientWindow& window) const
+{
+    desktop->pointer.click(desktop->windows.geometry(window.id()).center());
+    if (!isManaged())
+        window.takeKeyboard();
+    return eventually([&] { return desktop->windows.focused() == window.id(); });
+}
+
+QImage MatrixTest::settledPicture() const
+{
+    constexpr int enough = 5; // in a row, each some milliseconds after the last
+    QImage picture;
+    int same = 0;
+    static_cast<void>(eventually([&] {
+        const QImage now = desktop->screen.grab();
+        same = now == picture ? same + 1 : 0;
+        picture = now;
+        return same == enough;
+    }));
+    return picture;
+}
+
+QImage MatrixTest::withoutPalette(const QImage& picture) const
+{
+    constexpr QPoint reach(20, 20); // of the pen's dot
+    const QPoint pointer = desktop->pointer.position();
+    return blanked(picture, {desktop->palette.area(), {pointer - reach, pointer + reach}});
+}

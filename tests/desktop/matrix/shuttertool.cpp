@@ -1,0 +1,68 @@
+#include "action/frame/actionframe.h"
+#include "action/toolbar/actiontoolbar.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QPushButton>
+
+namespace {
+
+constexpr QSize paletteSize(305, 85);
+constexpr QRect handle(4, 20, 32, 60); // inside what is left of a closed palette
+constexpr QRect body(60, 10, 180, 60); // outside it
+
+/// Shows how often it was pressed, by its colour.
+class ColourFrame : public VcAction::Frame::ActionFrame {
+public:
+    ColourFrame(int width, int height)
+        : ActionFrame(nullptr, 0, width, height)
+    {
+    }
+
+    void draw(QPaintDevice* device) override
+    {
+        QPainter(device).fillRect(rect(), pressed ? Qt::yellow : Qt::magenta);
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override
+    {
+        pressed = !pressed;
+        ActionFrame::mousePressEvent(event);
+    }
+
+private:
+    bool pressed = false;
+};
+
+/// A palette that its handle closes and opens.
+class ShutterPalette : public VcAction::Toolbar::ActionToolbar {
+public:
+    explicit ShutterPalette(QWidget* parent)
+        : ActionToolbar(parent, paletteSize)
+    {
+        shutterHandle = new QPushButton(this);
+        shutterHandle->setGeometry(handle);
+        shutterHandle->setStyleSheet(QStringLiteral("background: red; border: 0px;"));
+        connect(shutterHandle, SIGNAL(clicked()), this, SLOT(shutterOpenClose()));
+        auto* content = new QWidget(this);
+        content->setGeometry(body);
+        content->setStyleSheet(QStringLiteral("background: blue;"));
+        setFadingEnabled(false);
+        enableShutter();
+    }
+};
+
+}
+
+/// A tool with a shutter, whose frame is of one colour.
+/// Arguments: width and height of the frame in logical pixels; the whole screen if left out.
+int main(int argc, char** argv)
+{
+    QApplication application(argc, argv);
+    const QStringList arguments = QCoreApplication::arguments();
+    ColourFrame frame(arguments.value(1).toInt(), arguments.value(2).toInt());
+    frame.setToolbar(new ShutterPalette(&frame));
+    frame.start();
+    return QApplication::exec();
+}

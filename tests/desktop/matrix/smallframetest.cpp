@@ -1,0 +1,60 @@
+#include "tests/desktop/matrix/matrixtest.h"
+
+#include <X11/keysym.h>
+
+/// A frame of a size of its own lies at the screen's corner, above all that is there, and casts no shadow.
+class SmallFrameTest : public MatrixTest {
+    Q_OBJECT
+
+private slots:
+    void itLiesAtTheCornerOfTheScreen();
+    void itHasNoShadow();
+
+private:
+    static constexpr QRect Frame{0, 0, 800, 600};
+    static constexpr QRect TopPanel{0, 0, 1280, 30};
+    static constexpr QRect TopWindow{300, 200, 400, 300};
+    static const inline QColor FrameColour = Qt::magenta;
+
+    [[nodiscard]] Launch tool() const
+    {
+        return {.arguments = {"800", "600"}, .executable = qgetenv("KORVEL_SHUTTER_TOOL")};
+    }
+};
+
+void SmallFrameTest::itLiesAtTheCornerOfTheScreen()
+{
+    // given
+    const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
+    const ClientWindow above = client(ClientWindow::Kind::AlwaysOnTop, TopWindow, Qt::blue);
+    EVENTUALLY(shows(panel, Qt::green) && shows(above, Qt::blue));
+
+    // when
+    Program program(*desktop, tool());
+    EVENTUALLY(program.hasKeyboard());
+
+    // then
+    EVENTUALLY_COMPARE(desktop->windows.geometry(program.frame()), Frame);
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(Frame.topLeft()), FrameColour);
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(TopWindow.center()), FrameColour);
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY_COMPARE(program.status(), 0);
+}
+
+void SmallFrameTest::itHasNoShadow()
+{
+    // given
+    desktop->backdrop.fill(Qt::white);
+    const QImage before = blanked(settledPicture(), {Frame});
+
+    // when
+    const Program program(*desktop, tool());
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(Frame.center()), FrameColour);
+
+    // then
+    EVENTUALLY_COMPARE(difference(blanked(desktop->screen.grab(), {Frame}), before), QRect());
+    QCOMPARE(difference(blanked(settledPicture(), {Frame}), before), QRect());
+}
+
+QTEST_GUILESS_MAIN(SmallFrameTest)
+#include "smallframetest.moc"
