@@ -24,12 +24,15 @@ void ExplicitSizeTest::theFrameLiesAtTheScreensCorner_data()
     QTest::addColumn<QByteArray>("managerName");
     QTest::addColumn<QPoint>("pointer");
     QTest::addColumn<QPoint>("corner");
+    QTest::addColumn<qreal>("scale");
 
     for (const QByteArray& name : managersWanted()) {
         QTest::addRow("%s, on the first", name.constData())
-            << name << QPoint(100, 100) << Left.topLeft();
+            << name << QPoint(100, 100) << Left.topLeft() << 1.0;
         QTest::addRow("%s, on the third", name.constData())
-            << name << QPoint(1600, 1500) << Below.topLeft();
+            << name << QPoint(1600, 1500) << Below.topLeft() << 1.0;
+        QTest::addRow("%s, on the third, at scale 1.75", name.constData())
+            << name << QPoint(1600, 1500) << Below.topLeft() << 1.75;
     }
 }
 
@@ -39,6 +42,7 @@ void ExplicitSizeTest::theFrameLiesAtTheScreensCorner()
     QFETCH(QByteArray, managerName);
     QFETCH(QPoint, pointer);
     QFETCH(QPoint, corner);
+    QFETCH(qreal, scale);
     QVERIFY(plugIn({Left, Right, Below}));
     QVERIFY(startWindowManager(managerName));
     desktop->backdrop.paintPattern();
@@ -46,12 +50,14 @@ void ExplicitSizeTest::theFrameLiesAtTheScreensCorner()
 
     // when
     Program tool(*desktop,
-                 {.arguments = {"600", "400"}, .executable = qgetenv("KORVEL_EXPLICIT_FRAME")});
+                 {.arguments = {"600", "400"},
+                  .executable = qgetenv("KORVEL_EXPLICIT_FRAME"),
+                  .environment = {{"QT_SCALE_FACTOR", QByteArray::number(scale)}}});
     EVENTUALLY(tool.hasKeyboard());
     desktop->backdrop.fill(Qt::white); // from here on, only the frame shows the pattern
 
     // then
-    const QRect place(corner, QSize(600, 400));
+    const QRect place(corner, QSize(600, 400) * scale);
     EVENTUALLY_COMPARE(desktop->windows.geometry(tool.frame()), place);
     QImage expected(desktop->x.size(), QImage::Format_RGB32);
     expected.fill(Qt::white);

@@ -12,6 +12,8 @@ private slots:
     void escapeEndsTheProgramAfterwards();
     void aStrokeUnderWayDoesNoHarm_data() { addChanges(); }
     void aStrokeUnderWayDoesNoHarm();
+    void anOpenListDoesNoHarm_data() { addChanges(); }
+    void anOpenListDoesNoHarm();
 
 private:
     static void addChanges();
@@ -110,6 +112,31 @@ void HotPlugTest::aStrokeUnderWayDoesNoHarm()
     for (const QPoint& point : line({10, 10}, {700, 500}))
         desktop->pointer.moveTo(point);
     desktop->pointer.release();
+
+    // then
+    leave(korvel);
+}
+
+void HotPlugTest::anOpenListDoesNoHarm()
+{
+    // given
+    QFETCH(QByteArray, managerName);
+    QFETCH(QList<QRect>, before);
+    QFETCH(QPoint, pointer);
+    QFETCH(QList<QRect>, after);
+    QVERIFY(plugIn(before));
+    QVERIFY(startWindowManager(managerName));
+    desktop->pointer.moveTo(pointer);
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    const QRect home = before.last().contains(pointer) ? before.last() : before.first();
+    const PaletteLayout palette = PaletteLayout(home.size()).movedBy(home.topLeft());
+    QVERIFY(desktop->controls.openList(palette.colourBox(), korvel));
+
+    // when
+    QVERIFY(plugIn(after));
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY(!desktop->controls.isListOpen(korvel));
 
     // then
     leave(korvel);

@@ -15,6 +15,9 @@ private slots:
     void inkIsUnderThePointersTip();
     void theCloseButtonIsWhereItShows_data() { addScreens(); }
     void theCloseButtonIsWhereItShows();
+    void pixelsOnAnEdgeBelongToTheirScreen_data();
+    void pixelsOnAnEdgeBelongToTheirScreen();
+    void oneFactorForAllScreensDoesNotMoveThem();
 
 private:
     static void addScreens();
@@ -35,6 +38,7 @@ private:
         "DUMMY0=1.75;DUMMY1=1.75", "DUMMY0=3;DUMMY1=1.5", "DUMMY0=1.5;DUMMY1=3"};
     static constexpr QRect Left{0, 0, 1280, 800};
     static constexpr QRect Right{1280, 0, 1366, 768};
+    static constexpr QRect Below{1280, 768, 1024, 600};
 };
 
 void MixedScaleTest::addScreens()
@@ -146,6 +150,57 @@ void MixedScaleTest::theCloseButtonIsWhereItShows()
 
     // then
     EVENTUALLY_COMPARE(korvel.status(), 0);
+}
+
+void MixedScaleTest::pixelsOnAnEdgeBelongToTheirScreen_data()
+{
+    QTest::addColumn<QByteArray>("factors");
+    QTest::addColumn<QPoint>("pointer");
+    QTest::addColumn<QRect>("home");
+
+    const auto add = [](const QByteArray& factors) {
+        const char* name = factors.constData();
+        QTest::addRow("%s, last column", name) << factors << QPoint(1279, 799) << Left;
+        QTest::addRow("%s, first column", name) << factors << QPoint(1280, 0) << Right;
+        QTest::addRow("%s, last row", name) << factors << QPoint(2645, 767) << Right;
+        QTest::addRow("%s, first row", name) << factors << QPoint(2000, 768) << Below;
+    };
+    add("DUMMY0=2;DUMMY1=1.5;DUMMY2=1");
+    if (!isEveryDesktopWanted())
+        return;
+    add("DUMMY0=1.75;DUMMY1=3;DUMMY2=1.25");
+    add("DUMMY0=1;DUMMY1=1;DUMMY2=2");
+}
+
+void MixedScaleTest::pixelsOnAnEdgeBelongToTheirScreen()
+{
+    // given
+    QFETCH(QByteArray, factors);
+    QFETCH(QPoint, pointer);
+    QFETCH(QRect, home);
+    QVERIFY(plugIn({Left, Right, Below}));
+    desktop->pointer.moveTo(pointer);
+
+    // when
+    const Program korvel(*desktop, launchAt(factors));
+    EVENTUALLY(korvel.isReady());
+
+    // then
+    QCOMPARE(desktop->windows.geometry(korvel.frame()), home);
+}
+
+void MixedScaleTest::oneFactorForAllScreensDoesNotMoveThem()
+{
+    // given
+    QVERIFY(plugIn({Left, Right, Below}));
+    desktop->pointer.moveTo(Below.center());
+
+    // when
+    const Program korvel(*desktop, {.environment = {{"QT_SCALE_FACTOR", "1.75"}}});
+    EVENTUALLY(korvel.isReady());
+
+    // then
+    QCOMPARE(desktop->windows.geometry(korvel.frame()), Below);
 }
 
 QTEST_GUILESS_MAIN(MixedScaleTest)

@@ -1,3 +1,4 @@
+#include "tests/desktop/harness/cursorimage.h"
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/harness/selection.h"
@@ -19,6 +20,11 @@ private slots:
     void thePaletteGrowsToo();
     void theCloseButtonIsWhereItShows_data() { addScales(); }
     void theCloseButtonIsWhereItShows();
+    void theFadedPaletteIsAsBeforeWhereADotPassed_data() { addScales(); }
+    void theFadedPaletteIsAsBeforeWhereADotPassed();
+    void theCursorsTipIsUnderThePointer_data() { addScales(); }
+    void theCursorsTipIsUnderThePointer();
+    void theDensityOfTheDesktopIsTheScale_data();
     void theDensityOfTheDesktopIsTheScale();
 
 private:
@@ -166,10 +172,70 @@ void ScaleTest::theCloseButtonIsWhereItShows()
     EVENTUALLY_COMPARE(korvel.status(), 0);
 }
 
+void ScaleTest::theFadedPaletteIsAsBeforeWhereADotPassed()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+    const QRect area = palette(scale).area();
+    QVERIFY(parkPointer({30, 30}, Qt::black));
+    const QColor faded = mixed(Qt::white, Qt::black, 0.3);
+    EVENTUALLY(isClose(desktop->screen.colourAt(palette(scale).swatch()), faded));
+    const QImage before = desktop->screen.grab();
+
+    // when
+    const QRect around =
+        area.adjusted(-5, -5, 5, 5); // near enough for the dot to lie under the palette
+    for (const QPoint& point : line(around.topLeft(), around.topRight(), 7)
+             + line(around.topRight(), around.bottomRight(), 7)
+             + line(around.bottomRight(), around.bottomLeft(), 7)
+             + line(around.bottomLeft(), around.topLeft(), 7))
+        desktop->pointer.moveTo(point);
+
+    // then
+    QVERIFY(parkPointer({30, 30}, Qt::black));
+    EVENTUALLY_COMPARE(desktop->screen.grab(), before);
+}
+
+void ScaleTest::theCursorsTipIsUnderThePointer()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    const auto cursor = [&] { return CursorImage::current(desktop->x); };
+    EVENTUALLY(contains(cursor().picture, Qt::black));
+
+    // then
+    // An image of so many of its own pixels is shown as it is, neither scaled nor blurred.
+    const int density = qRound(scale.toDouble());
+    QCOMPARE(cursor().picture.size(), QSize(32, 32) * density);
+    QCOMPARE(cursor().hotSpot, QPoint(6, 29) * density);
+}
+
+void ScaleTest::theDensityOfTheDesktopIsTheScale_data()
+{
+    QTest::addColumn<QByteArray>("dotsPerInch"); // as desktops tell it; 96 is scale 1
+    QTest::addColumn<QByteArray>("scale");
+
+    QTest::newRow("192") << QByteArray("192") << QByteArray("2");
+    if (!isEveryDesktopWanted())
+        return;
+    QTest::newRow("120") << QByteArray("120") << QByteArray("1.25");
+    QTest::newRow("144") << QByteArray("144") << QByteArray("1.5");
+    QTest::newRow("168") << QByteArray("168") << QByteArray("1.75");
+    QTest::newRow("288") << QByteArray("288") << QByteArray("3");
+}
+
 void ScaleTest::theDensityOfTheDesktopIsTheScale()
 {
     // given
-    const QByteArray resources("Xft.dpi:\t192\n"); // as desktops tell it; 96 is scale 1
+    QFETCH(QByteArray, dotsPerInch);
+    QFETCH(QByteArray, scale);
+    const QByteArray resources = "Xft.dpi:\t" + dotsPerInch + '\n';
     xcb_change_property(desktop->x.raw(), XCB_PROP_MODE_REPLACE, desktop->x.root(),
                         XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
                         static_cast<uint32_t>(resources.size()), resources.constData());
@@ -181,10 +247,10 @@ void ScaleTest::theDensityOfTheDesktopIsTheScale()
     desktop->backdrop.fill(Qt::white);
 
     // then
-    const QImage expected = blanked(Backdrop::pattern(desktop->x.size()), ownAreas("2"));
-    EVENTUALLY_COMPARE(blanked(desktop->screen.grab(), ownAreas("2")), expected);
-    desktop->pointer.moveTo(palette("2").handle());
-    EVENTUALLY_COMPARE(desktop->screen.colourAt(palette("2").swatch()), QColor(Qt::black));
+    const QImage expected = blanked(Backdrop::pattern(desktop->x.size()), ownAreas(scale));
+    EVENTUALLY_COMPARE(blanked(desktop->screen.grab(), ownAreas(scale)), expected);
+    desktop->pointer.moveTo(palette(scale).handle());
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(palette(scale).swatch()), QColor(Qt::black));
 }
 
 QTEST_GUILESS_MAIN(ScaleTest)
