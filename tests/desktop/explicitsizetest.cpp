@@ -1,8 +1,6 @@
 #include "tests/desktop/harness/monitordesktoptest.h"
 #include "tests/desktop/harness/selection.h"
 
-#include <QPainter>
-
 #include <X11/keysym.h>
 
 /// A frame that is given a size lies at the corner of the pointer's screen.
@@ -43,10 +41,13 @@ void ExplicitSizeTest::theFrameLiesAtTheScreensCorner()
     QFETCH(QPoint, pointer);
     QFETCH(QPoint, corner);
     QFETCH(qreal, scale);
-    QVERIFY(plugIn({Left, Right, Below}));
+    if (!isInstalled(managerName))
+        QSKIP(managerName + " is not installed");
     QVERIFY(startWindowManager(managerName));
+    QVERIFY(plugIn({Left, Right, Below}));
     desktop->backdrop.paintPattern();
     desktop->pointer.moveTo(pointer);
+    const QImage before = settledPicture();
 
     // when
     Program tool(*desktop,
@@ -59,10 +60,7 @@ void ExplicitSizeTest::theFrameLiesAtTheScreensCorner()
     // then
     const QRect place(corner, QSize(600, 400) * scale);
     EVENTUALLY_COMPARE(desktop->windows.geometry(tool.frame()), place);
-    QImage expected(desktop->x.size(), QImage::Format_RGB32);
-    expected.fill(Qt::white);
-    QPainter(&expected).drawImage(corner, Backdrop::pattern(desktop->x.size()), place);
-    EVENTUALLY_COMPARE(desktop->screen.grab(), expected);
+    EVENTUALLY_COMPARE(desktop->screen.grab(place), before.copy(place));
     desktop->keyboard.strike(XK_Escape);
     EVENTUALLY_COMPARE(tool.status(), 0);
 }

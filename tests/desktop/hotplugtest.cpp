@@ -18,8 +18,9 @@ private slots:
 private:
     static void addChanges();
     static void addChanges(const QByteArray& managerName);
-    /// Ends the program by Escape and looks at what is left: a white desktop and no complaint.
-    void leave(Program& korvel) const;
+    /// Ends the program by Escape and looks at what is left: white monitors, but for the bars of window managers, and
+    /// no complaint.
+    void leave(Program& korvel, const QList<QRect>& places) const;
 
     static constexpr QRect Left{0, 0, 1280, 800};
     static constexpr QRect Right{1280, 0, 1024, 768};
@@ -62,14 +63,18 @@ void HotPlugTest::addChanges(const QByteArray& managerName)
     add("the two change places", both, onLeft, {{1024, 0, 1280, 800}, {0, 0, 1024, 768}});
 }
 
-void HotPlugTest::leave(Program& korvel) const
+void HotPlugTest::leave(Program& korvel, const QList<QRect>& places) const
 {
     desktop->keyboard.strike(XK_Escape);
     EVENTUALLY_COMPARE(korvel.status(), 0);
     QCOMPARE(korvel.process().output(), QByteArray());
-    QImage white(desktop->x.size(), QImage::Format_RGB32);
-    white.fill(Qt::white);
-    EVENTUALLY_COMPARE(desktop->screen.grab(), white);
+    for (const QRect& monitor : places) {
+        constexpr int bar = 50; // no wider
+        const QRect place = monitor.adjusted(bar, bar, -bar, -bar);
+        QImage white(place.size(), QImage::Format_RGB32);
+        white.fill(Qt::white);
+        EVENTUALLY(place.isEmpty() || desktop->screen.grab(place) == white);
+    }
 }
 
 void HotPlugTest::escapeEndsTheProgramAfterwards()
@@ -79,6 +84,8 @@ void HotPlugTest::escapeEndsTheProgramAfterwards()
     QFETCH(QList<QRect>, before);
     QFETCH(QPoint, pointer);
     QFETCH(QList<QRect>, after);
+    if (!isInstalled(managerName))
+        QSKIP(managerName + " is not installed");
     QVERIFY(plugIn(before));
     QVERIFY(startWindowManager(managerName));
     desktop->pointer.moveTo(pointer);
@@ -89,7 +96,7 @@ void HotPlugTest::escapeEndsTheProgramAfterwards()
     QVERIFY(plugIn(after));
 
     // then
-    leave(korvel);
+    leave(korvel, after);
 }
 
 void HotPlugTest::aStrokeUnderWayDoesNoHarm()
@@ -99,6 +106,8 @@ void HotPlugTest::aStrokeUnderWayDoesNoHarm()
     QFETCH(QList<QRect>, before);
     QFETCH(QPoint, pointer);
     QFETCH(QList<QRect>, after);
+    if (!isInstalled(managerName))
+        QSKIP(managerName + " is not installed");
     QVERIFY(plugIn(before));
     QVERIFY(startWindowManager(managerName));
     desktop->pointer.moveTo(pointer);
@@ -114,7 +123,7 @@ void HotPlugTest::aStrokeUnderWayDoesNoHarm()
     desktop->pointer.release();
 
     // then
-    leave(korvel);
+    leave(korvel, after);
 }
 
 void HotPlugTest::anOpenListDoesNoHarm()
@@ -124,6 +133,8 @@ void HotPlugTest::anOpenListDoesNoHarm()
     QFETCH(QList<QRect>, before);
     QFETCH(QPoint, pointer);
     QFETCH(QList<QRect>, after);
+    if (!isInstalled(managerName))
+        QSKIP(managerName + " is not installed");
     QVERIFY(plugIn(before));
     QVERIFY(startWindowManager(managerName));
     desktop->pointer.moveTo(pointer);
@@ -139,7 +150,7 @@ void HotPlugTest::anOpenListDoesNoHarm()
     EVENTUALLY(!desktop->controls.isListOpen(korvel));
 
     // then
-    leave(korvel);
+    leave(korvel, after);
 }
 
 QTEST_GUILESS_MAIN(HotPlugTest)

@@ -2,6 +2,7 @@
 
 #include "tests/desktop/harness/virtualserver.h"
 
+#include <QFile>
 #include <QRegularExpression>
 
 bool DesktopTest::parkPointer(QPoint place, QColor dotColour) const
@@ -18,6 +19,27 @@ bool DesktopTest::startWindowManager(const QByteArray& name)
     manager.emplace(*recipe, desktop->x, desktop->display);
     return eventually([this] { return manager->isInCharge() || !manager->isAlive(); })
         && manager->isAlive();
+}
+
+QImage DesktopTest::settledPicture() const
+{
+    constexpr int enough = 5; // in a row, each some milliseconds after the last
+    QImage picture;
+    int same = 0;
+    static_cast<void>(eventually([&] {
+        const QImage now = desktop->screen.grab();
+        same = now == picture ? same + 1 : 0;
+        picture = now;
+        return same == enough;
+    }));
+    return picture;
+}
+
+bool DesktopTest::isInstalled(const QByteArray& manager)
+{
+    const ManagerRecipe* recipe = managerRecipe(manager);
+    return recipe
+        && (recipe->program.isEmpty() || QFile::exists(QFile::decodeName(recipe->program)));
 }
 
 std::unique_ptr<XServer> DesktopTest::startServer()

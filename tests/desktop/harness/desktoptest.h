@@ -25,6 +25,11 @@ protected:
     /// @param dotColour  as it appears on the screen
     [[nodiscard]] bool parkPointer(QPoint place, QColor dotColour) const;
 
+    /// The screen once nothing on it moves any more.
+    [[nodiscard]] QImage settledPicture() const;
+
+    /// Whether the window manager of this name can be started at all.
+    [[nodiscard]] static bool isInstalled(const QByteArray& manager);
     /// Returns when it has taken charge; false if it does not.
     /// @param name  one of the table's (managerrecipe.h)
     [[nodiscard]] bool startWindowManager(const QByteArray& name);
