@@ -24,6 +24,12 @@ bool isOverlay(const QWindow& window)
         && (window.flags() & overlayFlags) == overlayFlags;
 }
 
+bool isDialogOfOverlay(const QWindow& window)
+{
+    return window.type() == Qt::Dialog && window.transientParent()
+        && isOverlay(*window.transientParent());
+}
+
 /// The screen that the window covers; null if there is none.
 const QScreen* coveredScreen(const QWindow& window)
 {
@@ -42,12 +48,18 @@ void fixSize(QWindow& window)
     window.setMaximumSize(window.size());
 }
 
+/// As the toolkit asks for it, in device pixels.
+QSize deviceSize(const QWindow& window)
+{
+    return (QSizeF(window.size()) * window.devicePixelRatio()).toSize();
+}
+
 // Where the toolkit's sizes reach beyond the edge of the screen: by a part of a logical pixel.
 void fitExactly(QWindow& window, const QRect& place)
 {
-    const qreal ratio = window.devicePixelRatio();
-    if ((QSizeF(window.size()) * ratio).toSize() == place.size())
+    if (deviceSize(window) == place.size())
         return;
+    const qreal ratio = window.devicePixelRatio();
     // The hints allow the exact size, which lies between two that the toolkit can give.
     window.setMinimumSize(
         {static_cast<int>(place.width() / ratio), static_cast<int>(place.height() / ratio)});
@@ -76,16 +88,37 @@ void WindowPresenter::setCovering(bool wanted)
 
 bool WindowPresenter::eventFilter(QObject* watched, QEvent* event)
 {
-    // The show event comes before the window is mapped: the window manager never sees it otherwise.
-    if (covering && event->type() == QEvent::Show && watched->isWindowType()) {
+    if (covering && watched->isWindowType()) {
         auto& window = static_cast<QWindow&>(*watched);
         if (isOverlay(window))
-            present(window);
+            overlayChanged(window, *event);
+        else if (event->type() == QEvent::Show && isDialogOfOverlay(window))
+            window.setFlag(
+                Qt::WindowStaysOnTopHint); // else openbox puts it under an overlay's dock
     }
     return QObject::eventFilter(watched, event);
 }
 
-void WindowPresenter::present(QWindow& window) const
+void WindowPresenter::overlayChanged(QWindow& window, const QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::Show:
+        // It comes before the window is mapped: the window manager never sees it otherwise.
+        keyboard.remember();
+        present(window);
+        break;
+    case QEvent::Expose:
+        insistOnPlace(window);
+        break;
+    case QEvent::Close:
+        keyboard.giveBack();
+        break;
+    default:
+        break;
+    }
+}
+
+void WindowPresenter::present(QWindow& window)
 {
     if (!X11::isAvailable())
         return;
@@ -98,6 +131,20 @@ void WindowPresenter::present(QWindow& window) const
     if (place)
         fitExactly(window, *place);
     window.setWindowStates(layer.fullScreen ? Qt::WindowFullScreen : Qt::WindowNoState);
+    if (layer.fullScreen)
+        return;
+    places[&window] = window.geometry();
+    // A shown overlay that its tool has resized: with the hints of its old size it was held to that.
+    X11::requestSize(window.winId(), place ? place->size() : deviceSize(window));
+}
+
+void WindowPresenter::insistOnPlace(QWindow& window)
+{
+    // I3 (seen in 4.22) takes the corner of the desktop for no place at all and puts the window into the
+    // middle. Once it is mapped, a request is heard.
+    const auto place = places.extract(&window);
+    if (!place.empty() && window.geometry() != place.mapped())
+        window.setGeometry(place.mapped());
 }
 
 }

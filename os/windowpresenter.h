@@ -1,13 +1,18 @@
 #pragma once
 
+#include "os/borrowedkeyboard.h"
+
 #include <QObject>
+#include <QRect>
+
+#include <map>
 
 class QWindow;
 
 namespace osUtils::System {
 
 /// Puts the process's overlays (frameless stay-on-top windows) above the desktop's interface before
-/// they are mapped. Decides nothing about when: that is setSystemUIMode().
+/// they are mapped, and gives the keyboard back to whom it was taken from when they close. Decides nothing about when: that is setSystemUIMode().
 class WindowPresenter : public QObject {
     Q_OBJECT
 
@@ -21,9 +26,14 @@ protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void present(QWindow& window) const;
+    void overlayChanged(QWindow& window, const QEvent& event);
+    void present(QWindow& window);
+    void insistOnPlace(QWindow& window);
 
     bool covering = false;
+    BorrowedKeyboard keyboard;
+    /// Where overlays that are not exposed yet belong, in logical pixels.
+    std::map<const QWindow*, QRect> places;
 };
 
 }

@@ -7,6 +7,8 @@
 #include <QWidget>
 #include <QWindow>
 
+#include <utility>
+
 namespace Helpers::NQt {
 
 namespace {
@@ -69,8 +71,12 @@ void NativeWindow::raiseAboveAll()
 
 void NativeWindow::takeKeyboard()
 {
-    if (widget.isVisible())
+    if (!widget.isVisible())
+        return;
+    if (settled)
         platform().takeKeyboard(*widget.windowHandle());
+    else
+        keyboardWanted = true;
 }
 
 bool NativeWindow::eventFilter(QObject* watched, QEvent* event)
@@ -122,9 +128,11 @@ void NativeWindow::nativeWindowChanged(QEvent* event)
         return;
     settled = true;
     applyAll();
-    // Asked of a window that was not mapped, it was not heard.
+    // Asked of a window that was not mapped, these were not heard.
     if (aboveAll)
         platform().raiseAboveAll(*widget.windowHandle());
+    if (std::exchange(keyboardWanted, false))
+        platform().takeKeyboard(*widget.windowHandle());
 }
 
 void NativeWindow::applyAll() const

@@ -23,8 +23,9 @@ public:
     void setIgnoresMouse(bool ignore);
     void setOpaque(bool opaque);
     void raiseAboveAll();
-    /// Also where the window manager has just taken the keyboard from a dialog that was closed. Nothing
-    /// happens while the window is hidden.
+    /// Also where the window manager has just taken the keyboard from a dialog that was closed, or where
+    /// it leaves it with another program although the window is new: once the window is on the screen.
+    /// Nothing happens while the window is hidden.
     void takeKeyboard();
 
 protected:
@@ -48,6 +49,7 @@ private:
     std::optional<bool> ignoresMouse;
     std::optional<bool> opaque;
     bool aboveAll = false;
+    bool keyboardWanted = false;
     /// Whether the window has been exposed since it was shown, its frames being around it.
     bool settled = false;
 };

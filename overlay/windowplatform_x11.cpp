@@ -62,17 +62,14 @@ void WindowPlatformX11::setOpaque(const QWindow& window, bool opaque) const
 void WindowPlatformX11::raiseAboveAll(QWindow& window) const
 {
     using osUtils::System::coveringLayer;
-    X11::setWindowLayer(window.winId(), coveringLayer(X11::windowManagerName(), false));
+    X11::setWindowLayer(window.winId(), coveringLayer(X11::windowManagerName(), true));
     X11::keepAbove(window.winId());
     window.raise();
 }
 
 void WindowPlatformX11::takeKeyboard(QWindow& window) const
 {
-    if (X11::windowManagerName().isEmpty())
-        window.requestActivate();
-    else
-        X11::activate(window.winId());
+    X11::activate(window.winId());
 }
 
 }

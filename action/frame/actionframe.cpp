@@ -3,10 +3,12 @@
 #include "action/toolbar/actiontoolbar.h"
 #include "action/toolbar/palettegeometry.h"
 #include "os/presentationmode.h"
+#include "overlay/nativewindow.h"
 #include "overlay/windowutils.h"
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QResizeEvent>
 
 #include <utility>
 
@@ -47,6 +49,9 @@ void ActionFrame::start(bool withraise)
     if (withraise) {
         activateWindow();
         raise();
+        // Not every window manager takes the keyboard from a full-screen program for a new window, and
+        // the toolkit asks one that has crashed.
+        Helpers::NQt::NativeWindow::of(*this).takeKeyboard();
     }
     if (toolbar)
         toolbar->start();
@@ -93,8 +98,11 @@ void ActionFrame::enterEvent(QEnterEvent* /*event*/)
     repaintDirty();
 }
 
-void ActionFrame::resizeEvent(QResizeEvent* /*event*/)
+void ActionFrame::resizeEvent(QResizeEvent* event)
 {
+    // The tool's own doing, not the window manager's: another size is another way to cover the screen.
+    if (isVisible() && !event->spontaneous())
+        osUtils::System::setSystemUIMode(allHiddenMode, 0);
     // The base's handler stays out: it would take a new picture, and of the frame itself once shown.
     if (!toolbar)
         return;

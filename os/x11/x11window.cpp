@@ -66,12 +66,17 @@ bool isAvailable()
 
 QByteArray windowManagerName()
 {
-    // The window manager announces itself by a window of its own, which carries its name.
-    const QByteArray check = propertyValue(rootWindow(), "_NET_SUPPORTING_WM_CHECK");
+    // The window manager announces itself by a window of its own, which carries its name. The window
+    // points to itself, or it is another one: the property on the root window outlives a window manager
+    // that has crashed, and the number is given anew.
+    constexpr auto announcement = "_NET_SUPPORTING_WM_CHECK";
+    const QByteArray check = propertyValue(rootWindow(), announcement);
     if (check.size() != sizeof(xcb_window_t))
         return {};
     xcb_window_t window = XCB_WINDOW_NONE;
     std::copy(check.begin(), check.end(), reinterpret_cast<char*>(&window));
+    if (propertyValue(window, announcement) != check)
+        return {};
     return propertyValue(window, "_NET_WM_NAME");
 }
 
@@ -128,8 +133,33 @@ void activate(WId window)
     // the window manager's own change of the focus, and the server would ignore it.
     askWindowManager(window, "_NET_ACTIVE_WINDOW", {2, 0});
     // Xfwm4 (seen in 4.18) takes a dock for focused already when its dialog is gone, and the keyboard
-    // is nobody's.
-    xcb_set_input_focus(connection(), XCB_INPUT_FOCUS_PARENT, toWindow(window), XCB_CURRENT_TIME);
+    // is nobody's. Where no window manager runs, nobody hears the request.
+    giveKeyboard(window);
+}
+
+WId focusedWindow()
+{
+    const auto cookie = xcb_get_input_focus(connection());
+    const ReplyPointer<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(connection(), cookie, nullptr));
+    return reply && reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT ? reply->focus : 0;
+}
+
+void giveKeyboard(WId window)
+{
+    // Checked, so that the toolkit does not report the error where the window is gone or not on the
+    // screen.
+    const auto cookie = xcb_set_input_focus_checked(connection(), XCB_INPUT_FOCUS_PARENT,
+                                                    toWindow(window), XCB_CURRENT_TIME);
+    const ReplyPointer<xcb_generic_error_t> error(xcb_request_check(connection(), cookie));
+}
+
+void requestSize(WId window, QSize size)
+{
+    const std::array<uint32_t, 2> values{static_cast<uint32_t>(size.width()),
+                                         static_cast<uint32_t>(size.height())};
+    xcb_configure_window(connection(), toWindow(window),
+                         XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
     xcb_flush(connection());
 }
 

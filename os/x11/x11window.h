@@ -40,6 +40,15 @@ void keepAbove(WId window);
 /// Gives a mapped window the keyboard, and tells the window manager that the user wants it.
 void activate(WId window);
 
+/// The window that gets the keys; 0 if none does.
+[[nodiscard]] WId focusedWindow();
+/// Gives the keyboard to a window of whatever program, if it is still there and on the screen.
+void giveKeyboard(WId window);
+
+/// Asks once more for a size that the window manager may have refused.
+/// @param size  in device pixels
+void requestSize(WId window, QSize size);
+
 /// Sets a property to a list of cardinals.
 void setCardinals(WId window, const char* property, std::initializer_list<quint32> values);
 void deleteProperty(WId window, const char* property);

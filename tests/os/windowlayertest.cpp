@@ -31,8 +31,20 @@ void WindowLayerTest::theLayerDependsOnTheWindowManager_data()
     QTest::newRow("none, smaller") << QByteArray() << false << WindowLayer{notification, false};
     QTest::newRow("Openbox, over the screen")
         << QByteArray("Openbox") << true << WindowLayer{notification, true};
-    QTest::newRow("Openbox, smaller")
-        << QByteArray("Openbox") << false << WindowLayer{notification, false};
+    QTest::newRow("Openbox, smaller") << QByteArray("Openbox") << false << WindowLayer{dock, false};
+    QTest::newRow("Metacity, smaller")
+        << QByteArray("Metacity") << false << WindowLayer{dock, false};
+    QTest::newRow("Marco, smaller")
+        << QByteArray("Metacity (Marco)") << false << WindowLayer{dock, false};
+    QTest::newRow("Mutter, over the screen")
+        << QByteArray("Mutter") << true << WindowLayer{notification, true};
+    QTest::newRow("Mutter, smaller") << QByteArray("Mutter") << false << WindowLayer{dock, false};
+    QTest::newRow("GNOME Shell, smaller")
+        << QByteArray("GNOME Shell") << false << WindowLayer{dock, false};
+    QTest::newRow("Fluxbox, over the screen")
+        << QByteArray("Fluxbox") << true << WindowLayer{notification, false};
+    QTest::newRow("KWin, smaller")
+        << QByteArray("KWin") << false << WindowLayer{notification, false};
     QTest::newRow("Xfwm4, over the screen")
         << QByteArray("Xfwm4") << true << WindowLayer{dock, false};
     QTest::newRow("Xfwm4, smaller") << QByteArray("Xfwm4") << false << WindowLayer{dock, false};

@@ -14,6 +14,8 @@ ClientWindow::ClientWindow(const XConnection& connection, Kind kind, QRect place
     askForNoDecoration();
     if (kind == Kind::AlwaysOnTop)
         ask("_NET_WM_STATE_ABOVE");
+    if (kind == Kind::Desktop)
+        setProperty("_NET_WM_WINDOW_TYPE", XCB_ATOM_ATOM, {x.atom("_NET_WM_WINDOW_TYPE_DESKTOP")});
     if (kind == Kind::FullScreen)
         ask("_NET_WM_STATE_FULLSCREEN");
     if (kind == Kind::Dock)

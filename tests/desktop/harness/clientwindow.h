@@ -14,6 +14,7 @@ public:
     enum class Kind {
         Ordinary,
         AlwaysOnTop,
+        Desktop, ///< lies below all others, as a file manager's icons do
         FullScreen, ///< covers the whole screen, as a presentation does
         Dock, ///< reserves its side of the screen, top or bottom, as panels do
         Unmanaged, ///< of no concern to the window manager, as tooltips are

@@ -23,7 +23,7 @@ bool DesktopTest::startWindowManager(const QByteArray& name)
 
 QImage DesktopTest::settledPicture() const
 {
-    constexpr int enough = 5; // in a row, each some milliseconds after the last
+    constexpr int enough = 15; // in a row, each some milliseconds after the last
     QImage picture;
     int same = 0;
     static_cast<void>(eventually([&] {

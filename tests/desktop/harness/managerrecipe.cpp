@@ -15,8 +15,9 @@ constexpr auto icewmPreferences = "TaskBarShowClock=0\n"
 constexpr auto fluxboxInit = "session.screen0.toolbar.tools: workspacename\n"
                              "session.screen0.workspaces: 2\n";
 constexpr auto kwinSettings = "[Desktops]\nNumber=2\n";
-// Not the default one, which starts programs and a dialog.
-constexpr auto i3Settings = "font pango:monospace 8\n";
+// Not the default one, which starts programs and a dialog. Without the first line it is taken for the
+// file of an old version, and the default one for the new.
+constexpr auto i3Settings = "# i3 config file (v4)\nfont pango:monospace 8\n";
 
 // What they store is theirs alone, and there is no service to store it with.
 const Environment memorySettings{{"GSETTINGS_BACKEND", "memory"}};

@@ -11,15 +11,12 @@ private slots:
     void anotherProgramInFullScreenIsCovered();
     void thePictureNeverMovesWhileTheFrameOpens();
     void aNewWindowStaysUnderTheFrame();
-    void aNewWindowOnTopStaysUnderTheFrame();
 
 private:
     static constexpr QRect TopPanel{0, 0, 1280, 30};
     static constexpr QRect BottomPanel{0, 760, 1280, 40};
     static constexpr QRect TopWindow{300, 200, 400, 300};
     static constexpr QRect Document{750, 300, 300, 300};
-
-    void expectUnderTheFrame(ClientWindow::Kind kind);
 };
 
 void CoveringTest::panelsAndWindowsOnTopAreCovered()
@@ -110,16 +107,6 @@ void CoveringTest::thePictureNeverMovesWhileTheFrameOpens()
 
 void CoveringTest::aNewWindowStaysUnderTheFrame()
 {
-    expectUnderTheFrame(ClientWindow::Kind::Ordinary);
-}
-
-void CoveringTest::aNewWindowOnTopStaysUnderTheFrame()
-{
-    expectUnderTheFrame(ClientWindow::Kind::AlwaysOnTop);
-}
-
-void CoveringTest::expectUnderTheFrame(ClientWindow::Kind kind)
-{
     // given
     if (!isManaged())
         QSKIP("nobody orders the windows here");
@@ -128,7 +115,7 @@ void CoveringTest::expectUnderTheFrame(ClientWindow::Kind kind)
     const QImage before = pictureBesidesPalette();
 
     // when
-    const ClientWindow document = client(kind, Document, Qt::blue);
+    const ClientWindow document = client(ClientWindow::Kind::Ordinary, Document, Qt::blue);
     EVENTUALLY(desktop->windows.isListed(document.id()));
 
     // then

@@ -10,6 +10,7 @@ class KeyboardTest : public MatrixTest {
 private slots:
     void itIsTheFramesAtOnce();
     void itIsTheFramesAtOnceOverAFullScreenProgram();
+    void itIsTheFramesWhereTheWindowManagerHasCrashed();
     void escapeEndsWhicheverControlHasTheFocus_data();
     void escapeEndsWhicheverControlHasTheFocus();
     void escapeEndsOnTheCloseButton();
@@ -46,6 +47,22 @@ void KeyboardTest::itIsTheFramesAtOnceOverAFullScreenProgram()
     EVENTUALLY(shows(slides, Qt::blue));
     QVERIFY(clickInto(slides));
     desktop->keyboard.type("abc");
+
+    // when
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.hasKeyboard());
+    desktop->keyboard.strike(XK_Escape);
+
+    // then
+    EVENTUALLY_COMPARE(korvel.status(), 0);
+}
+
+void KeyboardTest::itIsTheFramesWhereTheWindowManagerHasCrashed()
+{
+    // given
+    if (!isManaged())
+        QSKIP("there is none to crash");
+    manager->kill();
 
     // when
     Program korvel(*desktop);

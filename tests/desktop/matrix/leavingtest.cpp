@@ -57,8 +57,6 @@ void LeavingTest::theKeyboardIsGivenBack()
         client(ClientWindow::Kind::Ordinary, {800, 300, 300, 300}, Qt::red);
     EVENTUALLY(shows(other, Qt::blue) && shows(document, Qt::red));
     QVERIFY(clickInto(document));
-    desktop->pointer.moveTo(StartPoint);
-    QCOMPARE(desktop->windows.focused(), document.id());
     Program korvel(*desktop);
     EVENTUALLY(korvel.isReady());
 
@@ -78,8 +76,6 @@ void LeavingTest::theKeyboardIsGivenBackBesideAWindowOnTop()
         client(ClientWindow::Kind::Ordinary, {800, 300, 300, 300}, Qt::red);
     EVENTUALLY(shows(above, Qt::blue) && shows(document, Qt::red));
     QVERIFY(clickInto(document));
-    desktop->pointer.moveTo(StartPoint);
-    QCOMPARE(desktop->windows.focused(), document.id());
     Program korvel(*desktop);
     EVENTUALLY(korvel.isReady());
 
@@ -94,6 +90,8 @@ void LeavingTest::theKeyboardIsGivenBackBesideAWindowOnTop()
 void LeavingTest::aFullScreenProgramIsInFrontAgain()
 {
     // given
+    if (isTiled())
+        QSKIP("the window manager has one full-screen window at a time and ends the other's state");
     const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
     EVENTUALLY(shows(panel, Qt::green));
     const ClientWindow slides =
@@ -119,6 +117,8 @@ void LeavingTest::theWindowManagerCanCloseTheFrame()
     // given
     if (!isManaged())
         QSKIP("nobody to close it");
+    if (managerName().startsWith("kwin"))
+        QSKIP("it takes windows of the notification type for what cannot be closed");
     const QImage before = settledPicture();
     Program korvel(*desktop);
     EVENTUALLY(korvel.isReady());

@@ -35,8 +35,14 @@ void MatrixTest::furnish()
         QSKIP(recipe->program + " cannot be started here: " + lastLine(manager->output()));
     QVERIFY2(isInCharge, "the window manager does not take charge");
 
-    if (!partsOfDesktop().contains(CompositorName))
-        return;
+    if (partsOfDesktop().contains(CompositorName))
+        startCompositor();
+    if (!QTest::currentTestFailed())
+        showBackground();
+}
+
+void MatrixTest::startCompositor()
+{
     if (!QFile::exists(QLatin1String(Compositor::executable)))
         QSKIP(QByteArray(Compositor::executable) + " is not installed");
     compositor.emplace(desktop->x, desktop->display);
@@ -45,7 +51,22 @@ void MatrixTest::furnish()
 
 void MatrixTest::clearAway()
 {
+    background.reset();
     compositor.reset();
+}
+
+void MatrixTest::showBackground()
+{
+    const QImage pattern = Backdrop::pattern(desktop->screen.area().size());
+    const QPoint middle = pattern.rect().center();
+    if (isManaged())
+        background.emplace(desktop->x, ClientWindow::Kind::Desktop, pattern.rect(), Qt::white);
+    // Window managers that paint a background of their own do so when they feel like it.
+    if (background)
+        background->fill(pattern);
+    else
+        desktop->backdrop.paintPattern();
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(middle), pattern.pixelColor(middle));
 }
 
 bool MatrixTest::shows(const ClientWindow& window, QColor colour) const

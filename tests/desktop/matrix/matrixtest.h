@@ -37,5 +37,9 @@ protected:
     [[nodiscard]] QImage withoutPalette(const QImage& picture) const;
 
 private:
+    void startCompositor();
+    void showBackground();
+
     std::optional<Compositor> compositor;
+    std::optional<ClientWindow> background;
 };

@@ -2,6 +2,8 @@
 #include "action/toolbar/actiontoolbar.h"
 
 #include <QApplication>
+#include <QKeyEvent>
+#include <QMessageBox>
 #include <QPainter>
 #include <QPushButton>
 
@@ -10,8 +12,9 @@ namespace {
 constexpr QSize paletteSize(305, 85);
 constexpr QRect handle(4, 20, 32, 60); // inside what is left of a closed palette
 constexpr QRect body(60, 10, 180, 60); // outside it
+constexpr QSize otherSize(900, 500);
 
-/// Shows how often it was pressed, by its colour.
+/// Changes its colour when pressed, its size on the key R, and opens a dialog on D.
 class ColourFrame : public VcAction::Frame::ActionFrame {
 public:
     ColourFrame(int width, int height)
@@ -29,6 +32,16 @@ protected:
     {
         pressed = !pressed;
         ActionFrame::mousePressEvent(event);
+    }
+
+    void keyPressEvent(QKeyEvent* event) override
+    {
+        if (event->key() == Qt::Key_R)
+            resize(otherSize);
+        else if (event->key() == Qt::Key_D)
+            QMessageBox::information(this, QStringLiteral("Note"), QStringLiteral("To be closed."));
+        else
+            ActionFrame::keyPressEvent(event);
     }
 
 private:

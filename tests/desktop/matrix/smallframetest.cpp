@@ -8,6 +8,8 @@ class SmallFrameTest : public MatrixTest {
 
 private slots:
     void itLiesAtTheCornerOfTheScreen();
+    void itsDialogOpensAboveIt();
+    void itIsResizedByItsTool();
     void itHasNoShadow();
 
 private:
@@ -41,10 +43,45 @@ void SmallFrameTest::itLiesAtTheCornerOfTheScreen()
     EVENTUALLY_COMPARE(program.status(), 0);
 }
 
+void SmallFrameTest::itsDialogOpensAboveIt()
+{
+    // given
+    Program program(*desktop, tool());
+    EVENTUALLY(program.hasKeyboard());
+    const xcb_window_t frame = program.frame();
+    const auto dialog = [&] { return desktop->windows.titled("Note"); };
+
+    // when
+    desktop->keyboard.strike('d');
+
+    // then
+    EVENTUALLY(dialog() != XCB_NONE);
+    EVENTUALLY_COMPARE(desktop->windows.focused(), dialog());
+    EVENTUALLY(desktop->windows.isAbove(dialog(), frame));
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY(dialog() == XCB_NONE);
+    QCOMPARE(program.status(), ChildProcess::Running);
+}
+
+void SmallFrameTest::itIsResizedByItsTool()
+{
+    // given
+    constexpr QRect otherPlace(0, 0, 900, 500);
+    const Program program(*desktop, tool());
+    EVENTUALLY(program.hasKeyboard());
+    EVENTUALLY_COMPARE(desktop->windows.geometry(program.frame()), Frame);
+
+    // when
+    desktop->keyboard.strike('r');
+
+    // then
+    EVENTUALLY_COMPARE(desktop->windows.geometry(program.frame()), otherPlace);
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(otherPlace.bottomRight()), FrameColour);
+}
+
 void SmallFrameTest::itHasNoShadow()
 {
     // given
-    desktop->backdrop.fill(Qt::white);
     const QImage before = blanked(settledPicture(), {Frame});
 
     // when
