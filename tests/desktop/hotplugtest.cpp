@@ -36,8 +36,12 @@ void HotPlugTest::addChanges()
     QTest::addColumn<QPoint>("pointer");
     QTest::addColumn<QList<QRect>>("after");
 
-    for (const QByteArray& name : managersWanted())
-        addChanges(name);
+    for (const QByteArray& name : managersWanted()) {
+        // The bar of the one stays where an edge was; with the other the keyboard follows the pointer to the next
+        // monitor.
+        if (name != "fluxbox" && name != "i3")
+            addChanges(name);
+    }
 }
 
 void HotPlugTest::addChanges(const QByteArray& managerName)
