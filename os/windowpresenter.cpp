@@ -1,6 +1,8 @@
 #include "os/windowpresenter.h"
 
+#include "os/screencover.h"
 #include "os/windowlayer.h"
+#include "os/x11/exactplace.h"
 #include "os/x11/x11window.h"
 
 #include <QEvent>
@@ -9,6 +11,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <optional>
 
 namespace osUtils::System {
 
@@ -27,12 +30,41 @@ bool isDialogOfOverlay(const QWindow& window)
         && isOverlay(*window.transientParent());
 }
 
-bool coversScreen(const QWindow& window)
+/// The screen that the window covers; null if there is none.
+const QScreen* coveredScreen(const QWindow& window)
 {
     const QList<QScreen*> screens = QGuiApplication::screens();
-    return std::any_of(screens.begin(), screens.end(), [&window](const QScreen* screen) {
-        return screen->geometry() == window.geometry();
-    });
+    const auto covered =
+        std::find_if(screens.begin(), screens.end(), [&window](const QScreen* screen) {
+            return coveringGeometry(*screen) == window.geometry();
+        });
+    return covered == screens.end() ? nullptr : *covered;
+}
+
+// Fixed-size hints: a window manager that fits or maximises new windows leaves this one as it is.
+void fixSize(QWindow& window)
+{
+    window.setMinimumSize(window.size());
+    window.setMaximumSize(window.size());
+}
+
+/// As the toolkit asks for it, in device pixels.
+QSize deviceSize(const QWindow& window)
+{
+    return (QSizeF(window.size()) * window.devicePixelRatio()).toSize();
+}
+
+// Where the toolkit's sizes reach beyond the edge of the screen: by a part of a logical pixel.
+void fitExactly(QWindow& window, const QRect& place)
+{
+    if (deviceSize(window) == place.size())
+        return;
+    const qreal ratio = window.devicePixelRatio();
+    // The hints allow the exact size, which lies between two that the toolkit can give.
+    window.setMinimumSize(
+        {static_cast<int>(place.width() / ratio), static_cast<int>(place.height() / ratio)});
+    delete window.findChild<X11::ExactPlace*>(QString(), Qt::FindDirectChildrenOnly);
+    new X11::ExactPlace(window, place);
 }
 
 }
@@ -91,18 +123,19 @@ void WindowPresenter::present(QWindow& window)
     if (!X11::isAvailable())
         return;
 
-    const WindowLayer layer = coveringLayer(X11::windowManagerName(), coversScreen(window));
+    const QScreen* covered = coveredScreen(window);
+    const WindowLayer layer = coveringLayer(X11::windowManagerName(), covered != nullptr);
     X11::setWindowLayer(window.winId(), layer);
-    // Fixed-size hints: a window manager that fits or maximises new windows leaves this one as it is.
-    window.setMinimumSize(window.size());
-    window.setMaximumSize(window.size());
+    fixSize(window);
+    const std::optional<QRect> place = covered ? deviceGeometry(*covered) : std::nullopt;
+    if (place)
+        fitExactly(window, *place);
     window.setWindowStates(layer.fullScreen ? Qt::WindowFullScreen : Qt::WindowNoState);
     if (layer.fullScreen)
         return;
     places[&window] = window.geometry();
-    // A shown overlay that its tool has resized was held to its old size by the hints.
-    const qreal ratio = window.devicePixelRatio();
-    X11::requestSize(window.winId(), (QSizeF(window.size()) * ratio).toSize());
+    // A shown overlay that its tool has resized: with the hints of its old size it was held to that.
+    X11::requestSize(window.winId(), place ? place->size() : deviceSize(window));
 }
 
 void WindowPresenter::insistOnPlace(QWindow& window)

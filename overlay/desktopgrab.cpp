@@ -1,5 +1,6 @@
 #include "overlay/desktopgrab.h"
 
+#include "os/screencover.h"
 #include "overlay/screengeometry.h"
 
 #include <QGuiApplication>
@@ -60,7 +61,7 @@ QPixmap composed(const std::vector<ScreenPicture>& pictures, const QRect& area, 
 
 QPixmap grabArea(const QRect& area, QScreen& screen)
 {
-    if (area == screen.geometry())
+    if (area == osUtils::System::coveringGeometry(screen))
         return screen.grabWindow(0);
     const qreal ratio = screen.devicePixelRatio();
     return composed(grabScreens(), deviceRect(area, screen.geometry().topLeft(), ratio), ratio);

@@ -1,5 +1,6 @@
 #include "overlay/transparentframe.h"
 
+#include "os/screencover.h"
 #include "overlay/frameenginert.h"
 #include "overlay/frameenginess.h"
 #include "overlay/windowutils.h"
@@ -46,7 +47,7 @@ void TransparentFrame::coverScreen(int screen, QSize size)
         return;
     // Before the native window exists: it is made with the device pixel ratio of this screen.
     setScreen(home);
-    const QRect geometry = home->geometry();
+    const QRect geometry = osUtils::System::coveringGeometry(*home);
     const bool explicitSize = size.width() != 0 && size.height() != 0;
     resize(explicitSize ? size : geometry.size());
     move(geometry.topLeft());

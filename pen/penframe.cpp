@@ -21,6 +21,13 @@ namespace {
 
 constexpr QColor almostTransparent(0, 0, 0, 1);
 
+// In frame coordinates. The position in the receiving widget is rounded to whole logical pixels (seen
+// in Qt 6.4.2), the one in the window is not, and the frame is a window.
+QPointF exactPosition(const QMouseEvent& event)
+{
+    return event.scenePosition();
+}
+
 double opacityFor(bool transparent)
 {
     return transparent ? 0.5 : 1.0;
@@ -101,7 +108,7 @@ void PenFrame::mousePressEvent(QMouseEvent* event)
         if (drawing)
             drawNewPolygon();
         drawing = true;
-        currentPoint = previousPoint = startPoint = event->position();
+        currentPoint = previousPoint = startPoint = exactPosition(*event);
         strokeRect = QRect();
         segmentPending = true;
         markDirty(liveBox());
@@ -117,7 +124,7 @@ void PenFrame::mouseMoveEvent(QMouseEvent* event)
     else
         markDirty(liveBox());
     previousPoint = currentPoint;
-    currentPoint = event->position();
+    currentPoint = exactPosition(*event);
     segmentPending = drawing;
     markDirty(liveBox());
     repaintDirty();

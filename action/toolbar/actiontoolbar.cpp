@@ -3,6 +3,7 @@
 #include "action/frame/actionframe.h"
 #include "action/toolbar/fadeanimation.h"
 #include "action/toolbar/palettegeometry.h"
+#include "action/widget/densesheet.h"
 #include "action/widget/vctab.h"
 #include "action/widget/vctabholder.h"
 #include "os/specialfolders.h"
@@ -83,7 +84,8 @@ void ActionToolbar::createBackFrame()
 {
     backFrame = new QFrame(this);
     backFrame->move(0, 0);
-    backFrame->setStyleSheet(QLatin1String(backFrameSheet));
+    backFrame->setStyleSheet(
+        Widget::StyleSheets::forDensity(QLatin1String(backFrameSheet), devicePixelRatioF()));
 }
 
 void ActionToolbar::createTabHolder()

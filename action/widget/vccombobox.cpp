@@ -1,5 +1,6 @@
 #include "action/widget/vccombobox.h"
 
+#include "action/widget/densesheet.h"
 #include "action/widget/stylesheets.h"
 
 namespace VcAction::Widget {
@@ -7,7 +8,7 @@ namespace VcAction::Widget {
 VcComboBox::VcComboBox(QWidget* parent)
     : QComboBox(parent)
 {
-    setStyleSheet(StyleSheets::comboBox());
+    setStyleSheet(StyleSheets::forDensity(StyleSheets::comboBox(), devicePixelRatioF()));
 }
 
 }

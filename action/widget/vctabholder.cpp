@@ -1,5 +1,6 @@
 #include "action/widget/vctabholder.h"
 
+#include "action/widget/densesheet.h"
 #include "action/widget/stylesheets.h"
 
 namespace VcAction::Widget {
@@ -20,7 +21,8 @@ VcTabHolder::VcTabHolder(QWidget* parent)
 
 void VcTabHolder::setTabWidth(int width)
 {
-    setStyleSheet(StyleSheets::tabHolder(width - tabBorders));
+    const QString sheet = StyleSheets::tabHolder(width - tabBorders);
+    setStyleSheet(StyleSheets::forDensity(sheet, devicePixelRatioF()));
 }
 
 void VcTabHolder::paintEvent(QPaintEvent* /*event*/) { }

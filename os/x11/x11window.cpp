@@ -83,6 +83,35 @@ void setWindowLayer(WId window, const System::WindowLayer& layer)
     xcb_flush(connection());
 }
 
+void setGeometry(WId window, const QRect& geometry)
+{
+    const std::array<uint32_t, 4> values{
+        static_cast<uint32_t>(geometry.x()), static_cast<uint32_t>(geometry.y()),
+        static_cast<uint32_t>(geometry.width()), static_cast<uint32_t>(geometry.height())};
+    xcb_configure_window(connection(), toWindow(window),
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH
+                             | XCB_CONFIG_WINDOW_HEIGHT,
+                         values.data());
+    xcb_flush(connection());
+}
+
+void allowAnySize(WId window)
+{
+    // The flags come first, in four bytes; what they no longer tell of may stay.
+    constexpr uint32_t steps = 1U << 6 | 1U << 8; // their width, and where they begin
+    QByteArray hints = propertyValue(toWindow(window), "WM_NORMAL_HINTS");
+    uint32_t flags = 0;
+    if (hints.size() < qsizetype(sizeof flags))
+        return;
+    std::copy_n(hints.begin(), sizeof flags, reinterpret_cast<char*>(&flags));
+    flags &= ~steps;
+    std::copy_n(reinterpret_cast<const char*>(&flags), sizeof flags, hints.begin());
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window),
+                        XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32,
+                        static_cast<uint32_t>(hints.size() / sizeof flags), hints.constData());
+    xcb_flush(connection());
+}
+
 void keepAbove(WId window)
 {
     // Action 1 adds the state, source 1 is a normal application.

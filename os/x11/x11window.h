@@ -3,6 +3,7 @@
 #include "os/windowlayer.h"
 
 #include <QByteArray>
+#include <QRect>
 #include <QRegion>
 #include <QWindow>
 
@@ -25,6 +26,13 @@ namespace osUtils::X11 {
 /// Sets the window's type so that it takes its place in the layer (the full-screen state is the
 /// toolkit's to set).
 void setWindowLayer(WId window, const System::WindowLayer& layer);
+
+/// Gives a window a place and a size past the toolkit's rounding.
+/// @param geometry  in device pixels, seen from the root window
+void setGeometry(WId window, const QRect& geometry);
+
+/// Takes back the hint that the window's size goes in steps.
+void allowAnySize(WId window);
 
 /// Asks the window manager to keep a mapped window above others.
 void keepAbove(WId window);

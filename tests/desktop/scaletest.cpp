@@ -1,5 +1,7 @@
+#include "tests/desktop/harness/cursorimage.h"
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
+#include "tests/desktop/harness/selection.h"
 
 /// Dense screens: the picture stays in device pixels, what is the program's own grows with the scale.
 class ScaleTest : public DesktopTest {
@@ -18,6 +20,11 @@ private slots:
     void thePaletteGrowsToo();
     void theCloseButtonIsWhereItShows_data() { addScales(); }
     void theCloseButtonIsWhereItShows();
+    void theFadedPaletteIsAsBeforeWhereADotPassed_data() { addScales(); }
+    void theFadedPaletteIsAsBeforeWhereADotPassed();
+    void theCursorsTipIsUnderThePointer_data() { addScales(); }
+    void theCursorsTipIsUnderThePointer();
+    void theDensityOfTheDesktopIsTheScale_data();
     void theDensityOfTheDesktopIsTheScale();
 
 private:
@@ -41,7 +48,10 @@ void ScaleTest::addScales()
 {
     QTest::addColumn<QByteArray>("scale");
 
-    for (const QByteArray scale : {"1", "1.25", "1.5", "2"})
+    QList<QByteArray> scales{"1", "1.5", "2"};
+    if (isEveryDesktopWanted())
+        scales += {"1.25", "1.75", "3"};
+    for (const QByteArray& scale : std::as_const(scales))
         QTest::newRow(scale.constData()) << scale;
 }
 
@@ -112,11 +122,11 @@ void ScaleTest::inkGrowsAndStaysCrisp()
     EVENTUALLY(korvel.isReady());
 
     // when
-    desktop->pointer.drag({{300, 300}, {600, 300}});
+    desktop->pointer.drag({{300, 150}, {600, 150}});
 
     // then
     QVERIFY(parkPointer({100, 700}, Qt::black));
-    const Ink stroke(desktop->screen.grab({450, 200, 1, 200}), Qt::white, Qt::black);
+    const Ink stroke(desktop->screen.grab({450, 50, 1, 200}), Qt::white, Qt::black);
     const qreal expected = PenSize * scale.toDouble();
     QVERIFY2(qAbs(stroke.acrossColumn(0) - expected) <= 1,
              qPrintable(QString::number(stroke.acrossColumn(0))));
@@ -162,10 +172,71 @@ void ScaleTest::theCloseButtonIsWhereItShows()
     EVENTUALLY_COMPARE(korvel.status(), 0);
 }
 
+void ScaleTest::theFadedPaletteIsAsBeforeWhereADotPassed()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+    const QRect area = palette(scale).area();
+    QVERIFY(parkPointer({30, 30}, Qt::black));
+    const QColor faded = mixed(Qt::white, Qt::black, 0.3);
+    EVENTUALLY(isClose(desktop->screen.colourAt(palette(scale).swatch()), faded));
+    const QImage before = settledPicture(); // the last step of the fading is a small one
+
+    // when
+    const QRect around =
+        area.adjusted(-5, -5, 5, 5); // near enough for the dot to lie under the palette
+    for (const QPoint& point : line(around.topLeft(), around.topRight(), 7)
+             + line(around.topRight(), around.bottomRight(), 7)
+             + line(around.bottomRight(), around.bottomLeft(), 7)
+             + line(around.bottomLeft(), around.topLeft(), 7))
+        desktop->pointer.moveTo(point);
+
+    // then
+    QVERIFY(parkPointer({30, 700}, Qt::black)); // where no dot was: all moves have been seen
+    QVERIFY(parkPointer({30, 30}, Qt::black));
+    EVENTUALLY_COMPARE(desktop->screen.grab(), before);
+}
+
+void ScaleTest::theCursorsTipIsUnderThePointer()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    const auto cursor = [&] { return CursorImage::current(desktop->x); };
+    EVENTUALLY(contains(cursor().picture, Qt::black));
+
+    // then
+    // An image of so many of its own pixels is shown as it is, neither scaled nor blurred.
+    const int density = qRound(scale.toDouble());
+    QCOMPARE(cursor().picture.size(), QSize(32, 32) * density);
+    QCOMPARE(cursor().hotSpot, QPoint(6, 29) * density);
+}
+
+void ScaleTest::theDensityOfTheDesktopIsTheScale_data()
+{
+    QTest::addColumn<QByteArray>("dotsPerInch"); // as desktops tell it; 96 is scale 1
+    QTest::addColumn<QByteArray>("scale");
+
+    QTest::newRow("192") << QByteArray("192") << QByteArray("2");
+    if (!isEveryDesktopWanted())
+        return;
+    QTest::newRow("120") << QByteArray("120") << QByteArray("1.25");
+    QTest::newRow("144") << QByteArray("144") << QByteArray("1.5");
+    QTest::newRow("168") << QByteArray("168") << QByteArray("1.75");
+    QTest::newRow("288") << QByteArray("288") << QByteArray("3");
+}
+
 void ScaleTest::theDensityOfTheDesktopIsTheScale()
 {
     // given
-    const QByteArray resources("Xft.dpi:\t192\n"); // as desktops tell it; 96 is scale 1
+    QFETCH(QByteArray, dotsPerInch);
+    QFETCH(QByteArray, scale);
+    const QByteArray resources = "Xft.dpi:\t" + dotsPerInch + '\n';
     xcb_change_property(desktop->x.raw(), XCB_PROP_MODE_REPLACE, desktop->x.root(),
                         XCB_ATOM_RESOURCE_MANAGER, XCB_ATOM_STRING, 8,
                         static_cast<uint32_t>(resources.size()), resources.constData());
@@ -177,10 +248,10 @@ void ScaleTest::theDensityOfTheDesktopIsTheScale()
     desktop->backdrop.fill(Qt::white);
 
     // then
-    const QImage expected = blanked(Backdrop::pattern(desktop->x.size()), ownAreas("2"));
-    EVENTUALLY_COMPARE(blanked(desktop->screen.grab(), ownAreas("2")), expected);
-    desktop->pointer.moveTo(palette("2").handle());
-    EVENTUALLY_COMPARE(desktop->screen.colourAt(palette("2").swatch()), QColor(Qt::black));
+    const QImage expected = blanked(Backdrop::pattern(desktop->x.size()), ownAreas(scale));
+    EVENTUALLY_COMPARE(blanked(desktop->screen.grab(), ownAreas(scale)), expected);
+    desktop->pointer.moveTo(palette(scale).handle());
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(palette(scale).swatch()), QColor(Qt::black));
 }
 
 QTEST_GUILESS_MAIN(ScaleTest)

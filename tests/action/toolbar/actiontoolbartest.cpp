@@ -1,3 +1,4 @@
+#include "action/widget/densesheet.h"
 #include "action/widget/vccheckbox.h"
 #include "action/widget/vccombobox.h"
 #include "action/widget/vctabholder.h"
@@ -106,10 +107,11 @@ void ActionToolbarTest::itsBackgroundIsInNineSlices()
     QCOMPARE(palette.backFrame->parentWidget(), &palette);
     QCOMPARE(palette.backFrame->metaObject(), &QFrame::staticMetaObject);
     QCOMPARE(palette.backFrame->pos(), QPoint(0, 0));
+    const QString sheet("QFrame {border-image: url(:/resource/action/common/Img/toolbar.png) "
+                        "18 20 18 49;border-top: 18px transparent;border-bottom: 18px transparent;"
+                        "border-right: 20px transparent;border-left: 49px transparent;}");
     QCOMPARE(palette.backFrame->styleSheet(),
-             QString("QFrame {border-image: url(:/resource/action/common/Img/toolbar.png) "
-                     "18 20 18 49;border-top: 18px transparent;border-bottom: 18px transparent;"
-                     "border-right: 20px transparent;border-left: 49px transparent;}"));
+             VcAction::Widget::StyleSheets::forDensity(sheet, palette.devicePixelRatioF()));
 }
 
 void ActionToolbarTest::itsBackgroundFollowsItsSize()

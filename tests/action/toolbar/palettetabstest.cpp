@@ -1,3 +1,4 @@
+#include "action/widget/densesheet.h"
 #include "action/widget/vctab.h"
 #include "action/widget/vctabholder.h"
 #include "tests/action/probes.h"
@@ -218,7 +219,8 @@ void PaletteTabsTest::theTabWidthReachesTheTabsAndTheImage()
 
     // Then
     QCOMPARE(palette.tabWidth, 100);
-    QCOMPARE(palette.tabHolder->styleSheet(), sheet);
+    QCOMPARE(palette.tabHolder->styleSheet(),
+             VcAction::Widget::StyleSheets::forDensity(sheet, palette.devicePixelRatioF()));
     QCOMPARE(inkBox(palette.backImage.toImage(), Qt::transparent), QRectF(34, 47, 113, 33));
 }
 

@@ -1,3 +1,4 @@
+#include "action/widget/densesheet.h"
 #include "action/widget/vccheckbox.h"
 #include "action/widget/vccolorcombobox.h"
 #include "action/widget/vccombobox.h"
@@ -30,6 +31,12 @@ QImage ownPainting(QWidget& widget)
     return image;
 }
 
+/// A sheet as widgets have it on the screen of this run.
+QString sheetHere(const QString& sheet)
+{
+    return StyleSheets::forDensity(sheet, qApp->devicePixelRatio());
+}
+
 /// A tab holder large enough for its tabs, inside a window as on a palette.
 struct TabbedWindow {
     TabbedWindow() { holder.setFixedSize(300, 100); }
@@ -59,7 +66,9 @@ private slots:
     void aTabPaintsNothing();
     void aListsTextIsInTheHouseColour();
     void aDisabledListKeepsTheDefaultTextColour();
+    void theSheetsImagesAreFound_data();
     void theSheetsImagesAreFound();
+    void aBoxesCornersAreThoseOfTheImage();
 };
 
 void StyledWidgetsTest::theSheetsKnowEachClassByItsName_data()
@@ -94,10 +103,10 @@ void StyledWidgetsTest::theSheetsKnowEachClassByItsName()
 
 void StyledWidgetsTest::everyWidgetBeginsWithItsSheet()
 {
-    QCOMPARE(VcTabHolder(nullptr).styleSheet(), QString(ActionTest::tabHolderSheet));
+    QCOMPARE(VcTabHolder(nullptr).styleSheet(), sheetHere(ActionTest::tabHolderSheet));
     QCOMPARE(VcGroupBox(nullptr).styleSheet(), QString(ActionTest::groupBoxSheet));
     QCOMPARE(VcGroupBox("Size", nullptr).styleSheet(), QString(ActionTest::groupBoxSheet));
-    QCOMPARE(VcComboBox(nullptr).styleSheet(), QString(ActionTest::comboBoxSheet));
+    QCOMPARE(VcComboBox(nullptr).styleSheet(), sheetHere(ActionTest::comboBoxSheet));
     QCOMPARE(VcCheckBox(nullptr).styleSheet(), QString(ActionTest::checkBoxSheet));
 }
 
@@ -160,7 +169,7 @@ void StyledWidgetsTest::theTabHoldersSheetFollowsTheTabWidth()
     holder.setTabWidth(tabWidth);
 
     // Then
-    QCOMPARE(holder.styleSheet(), expected);
+    QCOMPARE(holder.styleSheet(), sheetHere(expected));
 }
 
 void StyledWidgetsTest::aTabHolderWithoutTabsPaintsNothing()
@@ -236,12 +245,24 @@ void StyledWidgetsTest::aDisabledListKeepsTheDefaultTextColour()
     QVERIFY(defaultColour != QColor(80, 80, 80));
 }
 
+void StyledWidgetsTest::theSheetsImagesAreFound_data()
+{
+    QTest::addColumn<qreal>("ratio");
+
+    QTest::newRow("1") << 1.0;
+    QTest::newRow("2") << 2.0;
+    QTest::newRow("3") << 3.0;
+}
+
 void StyledWidgetsTest::theSheetsImagesAreFound()
 {
     // Given
+    QFETCH(qreal, ratio);
     TestSupport::Images images;
-    const QString sheets = QString(ActionTest::tabHolderSheet) + ActionTest::groupBoxSheet
-        + ActionTest::comboBoxSheet + ActionTest::checkBoxSheet;
+    const QString sheets =
+        StyleSheets::forDensity(QString(ActionTest::tabHolderSheet) + ActionTest::groupBoxSheet
+                                    + ActionTest::comboBoxSheet + ActionTest::checkBoxSheet,
+                                ratio);
 
     // When
     static const QRegularExpression image("url\\(([^)]*)\\)");
@@ -253,6 +274,29 @@ void StyledWidgetsTest::theSheetsImagesAreFound()
 
     // Then
     QCOMPARE(found, 14);
+}
+
+void StyledWidgetsTest::aBoxesCornersAreThoseOfTheImage()
+{
+    // Given
+    TestSupport::Images images;
+    VcComboBox box(nullptr);
+    box.setFixedSize(70, 50);
+    box.ensurePolished();
+    const int ratio = qRound(box.devicePixelRatioF());
+    const QString name(ratio == 1 ? "combobox.png" : "combobox-2x.png");
+    const QImage image(":/resource/action/common/Img/" + name);
+    const QRect corner(QPoint(0, 0), QSize(6, 4) * ratio);
+
+    // When
+    const QImage painted = ownPainting(box).copy(corner);
+
+    // Then
+    const auto plain = [](QImage picture) {
+        picture.setDevicePixelRatio(1);
+        return picture.convertToFormat(QImage::Format_ARGB32_Premultiplied);
+    };
+    QCOMPARE(plain(painted), plain(image.copy(corner)));
 }
 
 QTEST_MAIN(StyledWidgetsTest)

@@ -1,4 +1,5 @@
 #include "action/widget/vccolorcombobox.h"
+#include "action/widget/densesheet.h"
 #include "tests/action/widget/expectedsheets.h"
 #include "tests/support/images.h"
 #include "tests/support/input.h"
@@ -101,7 +102,8 @@ void VcColorComboBoxTest::itsListIsWiderThanOtherLists()
     const VcColorComboBox box(Qt::red, "Red", nullptr, nullptr);
 
     QCOMPARE(box.styleSheet(),
-             QString(ActionTest::comboBoxSheet)
+             VcAction::Widget::StyleSheets::forDensity(ActionTest::comboBoxSheet,
+                                                       box.devicePixelRatioF())
                  + "VcAction--Widget--VcColorComboBox QListView{ min-width: 8em;}");
 }
 

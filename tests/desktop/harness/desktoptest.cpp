@@ -1,5 +1,8 @@
 #include "tests/desktop/harness/desktoptest.h"
 
+#include "tests/desktop/harness/virtualserver.h"
+
+#include <QFile>
 #include <QRegularExpression>
 
 bool DesktopTest::parkPointer(QPoint place, QColor dotColour) const
@@ -18,10 +21,36 @@ bool DesktopTest::startWindowManager(const QByteArray& name)
         && manager->isAlive();
 }
 
+QImage DesktopTest::settledPicture() const
+{
+    constexpr int enough = 15; // in a row, each some milliseconds after the last
+    QImage picture;
+    int same = 0;
+    static_cast<void>(eventually([&] {
+        const QImage now = desktop->screen.grab();
+        same = now == picture ? same + 1 : 0;
+        picture = now;
+        return same == enough;
+    }));
+    return picture;
+}
+
+bool DesktopTest::isInstalled(const QByteArray& manager)
+{
+    const ManagerRecipe* recipe = managerRecipe(manager);
+    return recipe
+        && (recipe->program.isEmpty() || QFile::exists(QFile::decodeName(recipe->program)));
+}
+
+std::unique_ptr<XServer> DesktopTest::startServer()
+{
+    return std::make_unique<VirtualServer>();
+}
+
 void DesktopTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".?")));
-    server.emplace();
+    server = startServer();
     QVERIFY2(!server->display().isEmpty(), "the X server did not start");
     desktop.emplace(server->display());
     desktop->backdrop.fill(Qt::white);

@@ -3,11 +3,12 @@
 #include "tests/desktop/harness/desktop.h"
 #include "tests/desktop/harness/eventually.h"
 #include "tests/desktop/harness/program.h"
-#include "tests/desktop/harness/virtualserver.h"
 #include "tests/desktop/harness/windowmanager.h"
+#include "tests/desktop/harness/xserver.h"
 
 #include <QObject>
 
+#include <memory>
 #include <optional>
 
 /// Base of the end-to-end tests: gives each test function a fresh X server with the pointer at a quiet place and a
@@ -24,6 +25,11 @@ protected:
     /// @param dotColour  as it appears on the screen
     [[nodiscard]] bool parkPointer(QPoint place, QColor dotColour) const;
 
+    /// The screen once nothing on it moves any more.
+    [[nodiscard]] QImage settledPicture() const;
+
+    /// Whether the window manager of this name can be started at all.
+    [[nodiscard]] static bool isInstalled(const QByteArray& manager);
     /// Returns when it has taken charge; false if it does not.
     /// @param name  one of the table's (managerrecipe.h)
     [[nodiscard]] bool startWindowManager(const QByteArray& name);
@@ -33,13 +39,14 @@ protected:
     /// Takes down what furnish() has put there.
     virtual void clearAway() { }
 
+    /// The server for one test function.
+    [[nodiscard]] virtual std::unique_ptr<XServer> startServer();
+
+    std::unique_ptr<XServer> server;
     std::optional<Desktop> desktop;
     std::optional<WindowManager> manager;
 
 private slots:
     void init();
     void cleanup();
-
-private:
-    std::optional<VirtualServer> server;
 };

@@ -44,6 +44,16 @@ qreal Ink::total() const
     return sum;
 }
 
+QPointF Ink::middle() const
+{
+    QPointF sum;
+    for (int column = 0; column < picture.width(); ++column)
+        sum.rx() += (column + 0.5) * acrossColumn(column);
+    for (int row = 0; row < picture.height(); ++row)
+        sum.ry() += (row + 0.5) * acrossRow(row);
+    return sum / total();
+}
+
 QRect Ink::bounds() const
 {
     QRect result;

@@ -14,6 +14,8 @@ public:
     [[nodiscard]] qreal acrossColumn(int column) const;
     [[nodiscard]] qreal acrossRow(int row) const;
     [[nodiscard]] qreal total() const;
+    /// The ink's centre of mass; pixel 0 reaches from 0 to 1.
+    [[nodiscard]] QPointF middle() const;
     /// The smallest rectangle that holds every pixel at least half covered.
     [[nodiscard]] QRect bounds() const;
 

@@ -14,6 +14,8 @@ public:
     {
     }
 
+    /// Whether a key has this symbol, plain or with Shift.
+    [[nodiscard]] bool has(xcb_keysym_t symbol) const { return find(symbol).code != 0; }
     /// Presses and releases one key, with Shift held if the symbol needs it.
     void strike(xcb_keysym_t symbol) const;
     /// The same while another key, such as Alt, is held.

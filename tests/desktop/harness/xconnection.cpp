@@ -16,6 +16,13 @@ xcb_atom_t XConnection::atom(const char* name) const
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
+QSize XConnection::size() const
+{
+    const auto cookie = xcb_get_geometry(raw(), root());
+    const Reply<xcb_get_geometry_reply_t> reply(xcb_get_geometry_reply(raw(), cookie, nullptr));
+    return reply ? QSize(reply->width, reply->height) : QSize();
+}
+
 void XConnection::synchronise() const
 {
     const Reply<xcb_get_input_focus_reply_t> answer(

@@ -24,7 +24,8 @@ public:
     /// For the calls of xcb.
     [[nodiscard]] xcb_connection_t* raw() const { return connection.get(); }
     [[nodiscard]] xcb_window_t root() const { return screen->root; }
-    [[nodiscard]] QSize size() const { return {screen->width_in_pixels, screen->height_in_pixels}; }
+    /// Of the whole desktop now, in device pixels: monitors may come and go.
+    [[nodiscard]] QSize size() const;
     [[nodiscard]] xcb_atom_t atom(const char* name) const;
 
     /// Returns when the server has carried out all that was sent, and has passed on what came of it.

@@ -82,20 +82,6 @@ bool MatrixTest::clickInto(const ClientWindow& window) const
     return eventually([&] { return desktop->windows.focused() == window.id(); });
 }
 
-QImage MatrixTest::settledPicture() const
-{
-    constexpr int enough = 15; // in a row, each some milliseconds after the last
-    QImage picture;
-    int same = 0;
-    static_cast<void>(eventually([&] {
-        const QImage now = desktop->screen.grab();
-        same = now == picture ? same + 1 : 0;
-        picture = now;
-        return same == enough;
-    }));
-    return picture;
-}
-
 QImage MatrixTest::withoutPalette(const QImage& picture) const
 {
     constexpr QPoint reach(20, 20); // of the pen's dot

@@ -29,8 +29,6 @@ protected:
     /// Gives a window the keyboard as a user does, with a click into it.
     [[nodiscard]] bool clickInto(const ClientWindow& window) const;
 
-    /// The screen once nothing on it moves any more.
-    [[nodiscard]] QImage settledPicture() const;
     /// The screen without what the program adds to the frozen picture: palette and dot.
     [[nodiscard]] QImage pictureBesidesPalette() const
     {

@@ -1,4 +1,4 @@
-#include "tests/desktop/harness/virtualserver.h"
+#include "tests/desktop/harness/xserver.h"
 
 #include "tests/desktop/harness/eventually.h"
 
@@ -24,17 +24,18 @@ QByteArray readLine(const FileDescriptor& pipe)
 
 }
 
-VirtualServer::VirtualServer()
+XServer::XServer(const QByteArray& program, const QList<QByteArray>& arguments)
 {
     int ends[2] = {-1, -1};
     if (::pipe2(ends, O_CLOEXEC) != 0)
         return;
     const FileDescriptor reading{ends[0]};
     FileDescriptor writing{ends[1]};
+    const QList<QByteArray> common{
+        "-displayfd", QByteArray::number(writing.get()), "-noreset", "-nolisten", "tcp", "-r"};
     server = std::make_unique<ChildProcess>(Command{
-        .program = "/usr/bin/Xvfb",
-        .arguments = {"-displayfd", QByteArray::number(writing.get()), "-screen", "0",
-                      "1280x800x24", "-dpi", "96", "-r", "-noreset", "-nolisten", "tcp"},
+        .program = program,
+        .arguments = common + arguments,
         .environment = {{"PATH", qgetenv("PATH")}, {"LC_ALL", "C.UTF-8"}},
         .keptDescriptor = writing.get(),
     });
