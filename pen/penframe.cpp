@@ -21,13 +21,6 @@ namespace {
 
 constexpr QColor almostTransparent(0, 0, 0, 1);
 
-// In frame coordinates. The position in the receiving widget is rounded to whole logical pixels (seen
-// in Qt 6.4.2), the one in the window is not, and the frame is a window.
-QPointF exactPosition(const QMouseEvent& event)
-{
-    return event.scenePosition();
-}
-
 double opacityFor(bool transparent)
 {
     return transparent ? 0.5 : 1.0;

@@ -117,6 +117,12 @@ void ActionFrame::resizeEvent(QResizeEvent* event)
     repaint();
 }
 
+QPointF ActionFrame::exactPosition(const QMouseEvent& event)
+{
+    // The frame is a window: its coordinates are the scene's.
+    return event.scenePosition();
+}
+
 void ActionFrame::trackDirtyRegion()
 {
     tracksDirtyRegion = true;

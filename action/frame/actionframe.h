@@ -39,6 +39,10 @@ protected:
     void enterEvent(QEnterEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
+    /// Where a mouse event lies, in frame coordinates, to the fraction of a logical pixel. The event's
+    /// position() is rounded to whole ones (seen in Qt 6.4.2).
+    [[nodiscard]] static QPointF exactPosition(const QMouseEvent& event);
+
     /// For a frame that knows what it changes: from now on repaintDirty() repaints only what
     /// markDirty() was told of.
     void trackDirtyRegion();

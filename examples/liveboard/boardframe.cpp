@@ -37,14 +37,14 @@ void BoardFrame::updateCursor()
 void BoardFrame::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton)
-        markDirty(ink.begin(event->position()));
+        markDirty(ink.begin(exactPosition(*event)));
     // Fades the palette and repaints what is marked.
     ActionFrame::mousePressEvent(event);
 }
 
 void BoardFrame::mouseMoveEvent(QMouseEvent* event)
 {
-    markDirty(ink.moveTo(event->position()));
+    markDirty(ink.moveTo(exactPosition(*event)));
     repaintDirty();
 }
 

@@ -1,7 +1,7 @@
 #include "os/x11/x11monitors.h"
 
-#include "os/x11/replypointer.h"
 #include "os/x11/connection.h"
+#include "os/x11/replypointer.h"
 
 #include <xcb/randr.h>
 

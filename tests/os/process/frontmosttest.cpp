@@ -9,7 +9,6 @@ using namespace TestSupport;
 namespace {
 
 constexpr int nobody = -1;
-using Kind = WindowManager::Kind;
 
 }
 
@@ -18,11 +17,11 @@ class FrontmostTest : public DesktopTest {
     Q_OBJECT
 
 private slots:
-    void onABareScreenNobodyIsInFront_data() { addKinds(); }
+    void onABareScreenNobodyIsInFront_data() { addManagers(); }
     void onABareScreenNobodyIsInFront();
-    void aProgramWithTheKeysIsInFront_data() { addKinds(); }
+    void aProgramWithTheKeysIsInFront_data() { addManagers(); }
     void aProgramWithTheKeysIsInFront();
-    void whenTheProgramEndsNobodyIsInFront_data() { addKinds(); }
+    void whenTheProgramEndsNobodyIsInFront_data() { addManagers(); }
     void whenTheProgramEndsNobodyIsInFront();
     void aWindowThatDoesNotTellItsProcessIsNobodys_data();
     void aWindowThatDoesNotTellItsProcessIsNobodys();
@@ -39,9 +38,9 @@ private slots:
     void theScreenThatTheDisplayNamesIsAsked();
 
 private:
-    static void addKinds();
+    static void addManagers();
     /// Starts the window manager, and points $DISPLAY to the screen.
-    [[nodiscard]] bool prepare(Kind kind);
+    [[nodiscard]] bool prepare(const QByteArray& managerName);
     void announceWindowManager();
     [[nodiscard]] QList<uint32_t> activeWindow() const
     {
@@ -49,18 +48,18 @@ private:
     }
 };
 
-void FrontmostTest::addKinds()
+void FrontmostTest::addManagers()
 {
-    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<QByteArray>("managerName");
 
-    QTest::newRow("no window manager") << Kind::None;
-    QTest::newRow("openbox") << Kind::Openbox;
+    QTest::newRow("no window manager") << QByteArray("none");
+    QTest::newRow("openbox") << QByteArray("openbox");
 }
 
-bool FrontmostTest::prepare(Kind kind)
+bool FrontmostTest::prepare(const QByteArray& managerName)
 {
     qputenv("DISPLAY", desktop->display);
-    return startWindowManager(kind);
+    return startWindowManager(managerName);
 }
 
 void FrontmostTest::announceWindowManager()
@@ -71,8 +70,8 @@ void FrontmostTest::announceWindowManager()
 void FrontmostTest::onABareScreenNobodyIsInFront()
 {
     // given
-    QFETCH(Kind, kind);
-    QVERIFY(prepare(kind));
+    QFETCH(QByteArray, managerName);
+    QVERIFY(prepare(managerName));
 
     // then
     QCOMPARE(getCurrentFocusProcess(), nobody);
@@ -81,8 +80,8 @@ void FrontmostTest::onABareScreenNobodyIsInFront()
 void FrontmostTest::aProgramWithTheKeysIsInFront()
 {
     // given
-    QFETCH(Kind, kind);
-    QVERIFY(prepare(kind));
+    QFETCH(QByteArray, managerName);
+    QVERIFY(prepare(managerName));
 
     // when
     const WindowClient client(*desktop, ownProcess() << "do=keys");
@@ -94,8 +93,8 @@ void FrontmostTest::aProgramWithTheKeysIsInFront()
 void FrontmostTest::whenTheProgramEndsNobodyIsInFront()
 {
     // given
-    QFETCH(Kind, kind);
-    QVERIFY(prepare(kind));
+    QFETCH(QByteArray, managerName);
+    QVERIFY(prepare(managerName));
     auto client = std::make_unique<WindowClient>(*desktop, ownProcess() << "do=keys");
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), client->id());
 
@@ -108,37 +107,37 @@ void FrontmostTest::whenTheProgramEndsNobodyIsInFront()
 
 void FrontmostTest::aWindowThatDoesNotTellItsProcessIsNobodys_data()
 {
-    QTest::addColumn<Kind>("kind");
+    QTest::addColumn<QByteArray>("managerName");
     QTest::addColumn<QByteArrayList>("told");
 
     const QByteArray here = ownProcess().last();
-    for (const Kind kind : {Kind::None, Kind::Openbox}) {
-        const char* where = kind == Kind::None ? "no window manager" : "openbox";
-        QTest::addRow("%s, nothing", where) << kind << QByteArrayList{};
-        QTest::addRow("%s, no process", where) << kind << QByteArrayList{here};
-        QTest::addRow("%s, no machine", where) << kind << QByteArrayList{"pid=own"};
+    for (const QByteArray name : {"none", "openbox"}) {
+        const char* where = name == "none" ? "no window manager" : "openbox";
+        QTest::addRow("%s, nothing", where) << name << QByteArrayList{};
+        QTest::addRow("%s, no process", where) << name << QByteArrayList{here};
+        QTest::addRow("%s, no machine", where) << name << QByteArrayList{"pid=own"};
         QTest::addRow("%s, another machine", where)
-            << kind << QByteArrayList{"pid=own", "WM_CLIENT_MACHINE=elsewhere"};
-        QTest::addRow("%s, process 0", where) << kind << QByteArrayList{"pid=0", here};
+            << name << QByteArrayList{"pid=own", "WM_CLIENT_MACHINE=elsewhere"};
+        QTest::addRow("%s, process 0", where) << name << QByteArrayList{"pid=0", here};
         QTest::addRow("%s, too large a process", where)
-            << kind << QByteArrayList{"pid=4294967295", here};
+            << name << QByteArrayList{"pid=4294967295", here};
         QTest::addRow("%s, a process as text", where)
-            << kind << QByteArrayList{"_NET_WM_PID=1234", here};
+            << name << QByteArrayList{"_NET_WM_PID=1234", here};
     }
 }
 
 void FrontmostTest::aWindowThatDoesNotTellItsProcessIsNobodys()
 {
     // given
-    QFETCH(Kind, kind);
+    QFETCH(QByteArray, managerName);
     QFETCH(QByteArrayList, told);
-    QVERIFY(prepare(kind));
+    QVERIFY(prepare(managerName));
 
     // when
     const WindowClient client(*desktop, told << "do=keys");
     EVENTUALLY(client.window() != XCB_NONE);
     EVENTUALLY_COMPARE(desktop->windows.focused(), client.window());
-    if (kind == Kind::Openbox)
+    if (managerName == "openbox")
         EVENTUALLY_COMPARE(activeWindow(), QList<uint32_t>({client.window()}));
 
     // then
@@ -148,7 +147,7 @@ void FrontmostTest::aWindowThatDoesNotTellItsProcessIsNobodys()
 void FrontmostTest::theWindowManagersActiveWindowCounts()
 {
     // given
-    QVERIFY(prepare(Kind::Openbox));
+    QVERIFY(prepare("openbox"));
     const WindowClient below(*desktop, ownProcess());
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), below.id());
 
@@ -164,7 +163,7 @@ void FrontmostTest::theWindowManagersActiveWindowCounts()
 void FrontmostTest::withoutAnActiveWindowNobodyIsInFront()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const WindowClient client(*desktop, ownProcess() << "do=keys");
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
 
@@ -179,7 +178,7 @@ void FrontmostTest::withoutAnActiveWindowNobodyIsInFront()
 void FrontmostTest::anActiveWindowThatIsGoneIsNobodys()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const xcb_window_t gone = xcb_generate_id(desktop->x.raw());
 
     // when
@@ -193,7 +192,7 @@ void FrontmostTest::anActiveWindowThatIsGoneIsNobodys()
 void FrontmostTest::theWindowAroundTheOneWithTheKeysCounts()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
 
     // when
     const WindowClient client(*desktop, ownProcess() << "do=childkeys");
@@ -207,7 +206,7 @@ void FrontmostTest::theWindowAroundTheOneWithTheKeysCounts()
 void FrontmostTest::whenKeysGoToThePointerTheWindowBelowItCounts()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const WindowClient client(*desktop, ownProcess());
     EVENTUALLY(client.window() != XCB_NONE);
     QCOMPARE(desktop->windows.focused(), static_cast<uint32_t>(XCB_INPUT_FOCUS_POINTER_ROOT));
@@ -222,7 +221,7 @@ void FrontmostTest::whenKeysGoToThePointerTheWindowBelowItCounts()
 void FrontmostTest::whenKeysGoToThePointerTheScreenIsNobodys()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const WindowClient client(*desktop, ownProcess());
     EVENTUALLY(client.window() != XCB_NONE);
 
@@ -236,7 +235,7 @@ void FrontmostTest::whenKeysGoToThePointerTheScreenIsNobodys()
 void FrontmostTest::whenKeysGoNowhereNobodyIsInFront()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const WindowClient client(*desktop, ownProcess());
     EVENTUALLY(client.window() != XCB_NONE);
     desktop->pointer.moveTo(desktop->windows.geometry(client.window()).center());
@@ -253,7 +252,7 @@ void FrontmostTest::whenKeysGoNowhereNobodyIsInFront()
 void FrontmostTest::whatAnEndedWindowManagerLeftDoesNotCount()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const WindowClient former(*desktop, ownProcess());
     EVENTUALLY(former.window() != XCB_NONE);
     const xcb_window_t formerWindow = former.window();
@@ -271,7 +270,7 @@ void FrontmostTest::whatAnEndedWindowManagerLeftDoesNotCount()
 void FrontmostTest::aWindowManagerThatTellsNoActiveWindowIsNotAsked()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     announceWindowManager();
 
     // when
@@ -295,7 +294,7 @@ void FrontmostTest::theScreenThatTheDisplayNamesIsAsked()
     // given
     QFETCH(QByteArray, suffix);
     QFETCH(bool, isThere);
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const WindowClient client(*desktop, ownProcess() << "do=keys");
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
 

@@ -9,8 +9,6 @@ using namespace TestSupport;
 
 namespace {
 
-using Kind = WindowManager::Kind;
-
 /// The client's file, whose name is as short as the kernel's.
 const std::string clientPath = WINDOW_CLIENT;
 const std::string clientName = "os-windowclient";
@@ -50,7 +48,7 @@ private slots:
     void theSecondFieldIsNotTouched();
 
 private:
-    [[nodiscard]] bool prepare(Kind kind = Kind::Openbox);
+    [[nodiscard]] bool prepare(const QByteArray& managerName = "openbox");
     /// Lists windows as a window manager does.
     void list(const QList<uint32_t>& windows) const
     {
@@ -60,12 +58,12 @@ private:
     const DataFolders folders;
 };
 
-bool PidInfosTest::prepare(Kind kind)
+bool PidInfosTest::prepare(const QByteArray& managerName)
 {
     qputenv("DISPLAY", desktop->display);
     folders.clear();
     DataFolders::useLanguage("C");
-    return startWindowManager(kind);
+    return startWindowManager(managerName);
 }
 
 void PidInfosTest::anApplicationIsDescribedByItsEntry_data()
@@ -209,7 +207,7 @@ void PidInfosTest::aProcessIsNoApplicationUnlessItsWindowIsListed()
 void PidInfosTest::withoutAWindowManagerThereAreNoApplications()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const WindowClient client(*desktop, ownProcess() << "WM_CLASS=xpaint|XPaint|");
     EVENTUALLY(client.window() != XCB_NONE);
 
@@ -224,7 +222,7 @@ void PidInfosTest::withoutAWindowManagerThereAreNoApplications()
 void PidInfosTest::theFirstListedWindowTells()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const WindowClient first(*desktop, {"WM_CLASS=first|First|"});
     EVENTUALLY(first.window() != XCB_NONE);
     const xcb_window_t firstWindow = first.window();
@@ -253,7 +251,7 @@ void PidInfosTest::theFirstListedWindowTells()
 void PidInfosTest::aListedWindowThatIsGoneIsPassedOver()
 {
     // given
-    QVERIFY(prepare(Kind::None));
+    QVERIFY(prepare("none"));
     const WindowClient client(*desktop, ownProcess() << "WM_CLASS=xpaint|XPaint|");
     EVENTUALLY(client.window() != XCB_NONE);
 
