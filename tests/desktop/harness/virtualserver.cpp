@@ -24,17 +24,19 @@ QByteArray readLine(const FileDescriptor& pipe)
 
 }
 
-VirtualServer::VirtualServer()
+VirtualServer::VirtualServer(QSize screen)
 {
     int ends[2] = {-1, -1};
     if (::pipe2(ends, O_CLOEXEC) != 0)
         return;
     const FileDescriptor reading{ends[0]};
     FileDescriptor writing{ends[1]};
+    const QByteArray mode =
+        QByteArray::number(screen.width()) + 'x' + QByteArray::number(screen.height()) + "x24";
     server = std::make_unique<ChildProcess>(Command{
         .program = "/usr/bin/Xvfb",
-        .arguments = {"-displayfd", QByteArray::number(writing.get()), "-screen", "0",
-                      "1280x800x24", "-dpi", "96", "-r", "-noreset", "-nolisten", "tcp"},
+        .arguments = {"-displayfd", QByteArray::number(writing.get()), "-screen", "0", mode, "-dpi",
+                      "96", "-r", "-noreset", "-nolisten", "tcp"},
         .environment = {{"PATH", qgetenv("PATH")}, {"LC_ALL", "C.UTF-8"}},
         .keptDescriptor = writing.get(),
     });

@@ -2,13 +2,16 @@
 
 #include "tests/desktop/harness/childprocess.h"
 
+#include <QSize>
+
 #include <memory>
 
-/// An X server without hardware, with one screen of 1280 x 800 pixels, on a display number that it finds itself.
+/// An X server without hardware, with one screen, on a display number that it finds itself.
 class VirtualServer {
 public:
     /// Returns when the server takes connections.
-    VirtualServer();
+    /// @param screen  in device pixels
+    explicit VirtualServer(QSize screen = {1280, 800});
 
     /// As in the environment variable DISPLAY, such as ":7"; empty if the server did not start.
     [[nodiscard]] QByteArray display() const { return displayName; }

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QImage>
+#include <QList>
+#include <QPoint>
+
+namespace Bench {
+
+/// Some of the pixels of a picture, to find how far others are from them.
+class PointMap {
+public:
+    explicit PointMap(QSize size);
+
+    /// Those that are ink.
+    [[nodiscard]] static PointMap inkOf(const QImage& picture);
+
+    void add(QPoint point) { marks.setPixel(point, 1); }
+    [[nodiscard]] bool contains(QPoint point) const;
+    [[nodiscard]] QList<QPoint> points() const;
+
+    /// From a pixel to the nearest of these, centre to centre, in pixels.
+    [[nodiscard]] double distanceFrom(QPoint point) const;
+    /// The largest distance of any of the points.
+    [[nodiscard]] double furthest(const QList<QPoint>& from) const;
+
+private:
+    QImage marks;
+};
+
+}
