@@ -66,12 +66,13 @@ void print(const QByteArray& name, const QByteArray& table)
 
 }
 
-/// Arguments: the file of the results, then names of rows, or none for all.
+/// Arguments: the file of the results; --own to leave out the programs of others; names of rows, or none for all.
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);
     const QStringList arguments = QCoreApplication::arguments();
-    const QStringList wanted = arguments.mid(2);
+    QStringList wanted = arguments.mid(2);
+    const bool withPeers = wanted.removeAll(QStringLiteral("--own")) == 0;
     const auto rows = allRows();
     QList<QByteArray> names;
     for (const auto& row : rows)
@@ -91,12 +92,12 @@ int main(int argc, char** argv)
     ResultsFile file(arguments.value(1), names);
     file.setIntroduction(introduction());
     Results results;
-    Session session(results);
+    Session session(results, withPeers ? Session::Programs::All : Session::Programs::WithoutPeers);
     for (const auto& row : rows) {
         if (!isWanted(row->name()))
             continue;
         session.measure(*row);
-        const QByteArray table = markdownTable(results, row->name());
+        const QByteArray table = markdownTable(results, row->name(), row->floor());
         print(row->name(), table);
         file.setSection(row->name(), section(row->name(), row->method(), table));
     }

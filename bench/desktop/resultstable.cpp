@@ -9,8 +9,6 @@ namespace Bench {
 
 namespace {
 
-const QByteArray Floor = "bare client";
-
 /// Three significant digits, without an exponent.
 QByteArray number(double value)
 {
@@ -41,16 +39,16 @@ bool isCost(const QByteArray& measure)
 
 }
 
-QByteArray markdownTable(const Results& results, const QByteArray& row)
+QByteArray markdownTable(const Results& results, const QByteArray& row, const QByteArray& floor)
 {
     const QList<QByteArray> programs = results.programs(row);
     QList<QByteArray> header = QList<QByteArray>{"screen", "measure"} + programs;
     QList<QByteArray> compared = programs;
-    compared.removeAll(Floor);
-    if (!programs.contains(Floor))
+    compared.removeAll(floor);
+    if (!programs.contains(floor))
         compared.clear();
     for (const QByteArray& program : compared)
-        header.append(program + " ÷ bare");
+        header.append(program + " ÷ " + floor);
     QByteArray table = tableLine(header) + tableLine(QList<QByteArray>(header.size(), "---"));
     for (const Results::Line& line : results.lines(row)) {
         QList<QByteArray> cells = {QByteArray::number(line.screen.width()) + " × "
@@ -59,7 +57,7 @@ QByteArray markdownTable(const Results& results, const QByteArray& row)
         for (const QByteArray& program : programs)
             cells.append(summary(results.values(row, line, program)));
         for (const QByteArray& program : compared)
-            cells.append(isCost(line.measure) ? summary(results.ratios(row, line, program, Floor))
+            cells.append(isCost(line.measure) ? summary(results.ratios(row, line, program, floor))
                                               : "");
         table += tableLine(cells);
     }

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "bench/desktop/annotators/annotator.h"
+
 #include <QByteArray>
 #include <QList>
 #include <QSize>
 
 namespace Bench {
 
-class Annotator;
 class Record;
 class Trial;
 
@@ -21,12 +22,19 @@ public:
     [[nodiscard]] virtual QByteArray method() const = 0;
     [[nodiscard]] virtual QList<QSize> screens() const { return {{1920, 1080}, {3840, 2160}}; }
     /// How often; 0 if it does not concern the program.
-    [[nodiscard]] virtual int runs(const Annotator& /*annotator*/) const { return UsualRuns; }
+    [[nodiscard]] virtual int runs(Annotator::Role role) const;
+    /// The program that the others are compared with.
+    [[nodiscard]] virtual QByteArray floor() const { return "bare client"; }
     /// Measures once. The program has been started just now. Throws Failure.
     virtual void measure(Trial& trial, Record& record) const = 0;
 
 protected:
     static constexpr int UsualRuns = 5;
+
+    /// For rows that take long: programs of others are measured once.
+    [[nodiscard]] int runsWithPeersOnce(Annotator::Role role) const;
+    /// For what no other program has.
+    [[nodiscard]] static int runsOfSubject(Annotator::Role role);
 };
 
 }

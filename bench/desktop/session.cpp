@@ -1,6 +1,7 @@
 #include "bench/desktop/session.h"
 
 #include "bench/desktop/annotators/bareclient.h"
+#include "bench/desktop/annotators/emptywindow.h"
 #include "bench/desktop/annotators/flameshot.h"
 #include "bench/desktop/annotators/gromitmpx.h"
 #include "bench/desktop/annotators/korvel.h"
@@ -16,10 +17,13 @@ namespace Bench {
 
 namespace {
 
-template <typename... Kinds> std::vector<std::unique_ptr<Annotator>> installed()
+template <typename... Kinds>
+std::vector<std::unique_ptr<Annotator>> installed(Session::Programs wanted)
 {
     std::vector<std::unique_ptr<Annotator>> found;
     const auto add = [&](std::unique_ptr<Annotator> annotator) {
+        if (annotator->role() == Annotator::Role::Peer && wanted == Session::Programs::WithoutPeers)
+            return;
         if (annotator->isInstalled())
             found.push_back(std::move(annotator));
         else
@@ -38,9 +42,9 @@ void tell(const Subject& subject, const char* outcome)
 
 }
 
-Session::Session(Results& destination)
+Session::Session(Results& destination, Programs measured)
     : results(destination)
-    , annotators(installed<BareClient, Korvel, GromitMpx, Flameshot>())
+    , annotators(installed<BareClient, EmptyWindow, Korvel, GromitMpx, Flameshot>(measured))
 {
 }
 
@@ -60,10 +64,10 @@ void Session::measureOn(QSize screen, const Row& row)
     warmUp(row, desktop);
     int runs = 0;
     for (const auto& annotator : annotators)
-        runs = std::max(runs, row.runs(*annotator));
+        runs = std::max(runs, row.runs(annotator->role()));
     for (int run = 1; run <= runs; ++run) {
         for (const auto& annotator : annotators) {
-            if (run <= row.runs(*annotator))
+            if (run <= row.runs(annotator->role()))
                 measureOnce(row, *annotator, desktop, {row.name(), screen, annotator->name(), run});
         }
     }
@@ -73,7 +77,7 @@ void Session::warmUp(const Row& row, const Desktop& desktop) const
 {
     // Fills the caches of files and fonts.
     for (const auto& annotator : annotators) {
-        if (row.runs(*annotator) == 0)
+        if (row.runs(annotator->role()) == 0)
             continue;
         try {
             Trial(*annotator, desktop).waitUntilReady();

@@ -18,7 +18,9 @@ struct Subject;
 /// Measures all installed programs in turns, so that what disturbs the machine for a while disturbs all of them.
 class Session {
 public:
-    explicit Session(Results& destination);
+    enum class Programs { All, WithoutPeers };
+
+    Session(Results& destination, Programs measured);
 
     /// Takes down a row for all programs on each of its screens.
     void measure(const Row& row);

@@ -38,6 +38,7 @@ Trial::Trial(const Annotator& measured, const Desktop& where)
     , probe(where.x)
     , paper(paperOn(where.x.size()))
     , command(prepare(measured, where))
+    , compositor(measured.wantsCompositor() ? std::make_unique<Compositor>(where) : nullptr)
     , started(Clock::now())
     , process(command)
     , meter(process.pid())
@@ -73,6 +74,14 @@ Clock::time_point Trial::drawFirstStroke() const
             return seen;
     }
     throw Failure("the program does not draw");
+}
+
+void Trial::beginStroke(QPoint at) const
+{
+    hand.moveTo(at - LeadIn);
+    hand.press();
+    hand.moveTo(at);
+    probe.waitForInk(at);
 }
 
 QList<double> Trial::drawWaiting(const QList<QPoint>& points) const

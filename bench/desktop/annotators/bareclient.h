@@ -8,6 +8,7 @@ namespace Bench {
 class BareClient : public Annotator {
 public:
     [[nodiscard]] QByteArray name() const override { return "bare client"; }
+    [[nodiscard]] Role role() const override { return Role::Floor; }
     [[nodiscard]] QByteArray executable() const override { return BENCH_BARE_CLIENT; }
     [[nodiscard]] bool isShown(const Trial& trial) const override;
 };

@@ -8,6 +8,12 @@
 
 namespace Bench {
 
+namespace {
+
+constexpr int selectingRate = 100; // points in a second
+
+}
+
 void Flameshot::writeSettings(const Home& home) const
 {
     writeSettingsFile(home, QStringLiteral("flameshot/flameshot.ini"),
@@ -26,18 +32,20 @@ bool Flameshot::isShown(const Trial& trial) const
 void Flameshot::chooseTool(const Trial& trial) const
 {
     const QRect selection = trial.desktop.screen.area().adjusted(20, 20, -20, -20);
-    const auto hasKeyboard = [&] {
-        const Windows& windows = trial.desktop.windows;
-        return windows.focused() == windows.frameOf(trial.process.pid());
-    };
-    waitFor(hasKeyboard, "it does not take the keyboard");
     trial.meter.waitForRest();
     trial.hand.moveTo(selection.topLeft());
     trial.hand.press();
-    trial.hand.rush(line(selection.topLeft(), selection.bottomRight(), 200));
+    // It selects nothing if all comes at once.
+    trial.hand.sweep(line(selection.topLeft(), selection.bottomRight(), 200), selectingRate);
     trial.hand.release();
     waitFor([&] { return trial.probe.colourAt(trial.paper.center()) == Trial::Paper; },
             "nothing was selected");
+    trial.meter.waitForRest();
+    // Only a window manager would give it the keyboard in any case.
+    const XConnection& x = trial.desktop.x;
+    xcb_set_input_focus(x.raw(), XCB_INPUT_FOCUS_PARENT,
+                        trial.desktop.windows.listOf(trial.process.pid()), XCB_CURRENT_TIME);
+    x.synchronise();
     trial.meter.waitForRest();
     trial.desktop.keyboard.strike(XK_p);
     trial.meter.waitForRest();

@@ -8,13 +8,13 @@ namespace Bench {
 class Flameshot : public Annotator {
 public:
     [[nodiscard]] QByteArray name() const override { return "flameshot"; }
+    [[nodiscard]] Role role() const override { return Role::Peer; }
     [[nodiscard]] QByteArray executable() const override { return "/usr/bin/flameshot"; }
     [[nodiscard]] QList<QByteArray> arguments() const override { return {"gui"}; }
     void writeSettings(const Home& home) const override;
     [[nodiscard]] bool isShown(const Trial& trial) const override;
     [[nodiscard]] bool drawsAtOnce() const override { return false; }
     void chooseTool(const Trial& trial) const override;
-    [[nodiscard]] bool isPeer() const override { return true; }
 };
 
 }

@@ -8,6 +8,7 @@ namespace Bench {
 class Korvel : public Annotator {
 public:
     [[nodiscard]] QByteArray name() const override { return "Korvel"; }
+    [[nodiscard]] Role role() const override { return Role::Subject; }
     [[nodiscard]] QByteArray executable() const override { return BENCH_INSTALLED_PROGRAM; }
     [[nodiscard]] QList<QByteArray> arguments() const override { return {"5", "255", "0", "0"}; }
     [[nodiscard]] bool isShown(const Trial& trial) const override;

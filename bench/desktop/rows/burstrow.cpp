@@ -61,9 +61,7 @@ QByteArray BurstRow::method() const
 
 double BurstRow::drawWithCatchUp(Trial& trial, const QList<QPoint>& path, int rate) const
 {
-    trial.hand.moveTo(path.first());
-    trial.hand.press();
-    trial.probe.waitForInk(path.first());
+    trial.beginStroke(path.first());
     std::optional<BusyProcesses> load;
     if (condition == Condition::Loaded)
         load.emplace(static_cast<int>(std::thread::hardware_concurrency()));
@@ -91,7 +89,8 @@ void BurstRow::measureBurst(Trial& trial, Record& record, QPoint centre, int rat
     for (const QPoint point : sent)
         points.append(point - corner);
     PointMap path(area.size());
-    const QList<QPoint> pathPixels = withoutGaps(points);
+    const QList<QPoint> pathPixels =
+        withoutGaps(QList<QPoint>{points.first() - Trial::LeadIn} + points);
     for (const QPoint pixel : pathPixels)
         path.add(pixel);
 

@@ -19,8 +19,7 @@ constexpr auto restfulTime = 150ms;
 QList<double> drawFor(const Trial& trial, const QList<QPoint>& path, Clock::duration time)
 {
     const Clock::time_point end = Clock::now() + time;
-    trial.hand.moveTo(path.first());
-    trial.hand.press();
+    trial.beginStroke(path.first());
     QList<double> latencies;
     for (qsizetype next = 1; next < path.size() && Clock::now() < end; ++next)
         latencies += trial.drawWaiting({path.at(next)});
@@ -36,11 +35,6 @@ QByteArray FadeRow::method() const
            "program's, from leaving to the rest after it, with nothing drawn. Drawing during the "
            "fade: up to 150 moves in its first 250 ms, timed as in the row latency, beside as "
            "many on a palette at rest.";
-}
-
-int FadeRow::runs(const Annotator& annotator) const
-{
-    return annotator.name() == "Korvel" ? UsualRuns : 0;
 }
 
 void FadeRow::fadeIn(const Trial& trial) const

@@ -20,17 +20,11 @@ QByteArray IdleRow::method() const
            "sake.";
 }
 
-int IdleRow::runs(const Annotator& annotator) const
-{
-    return annotator.isPeer() ? 1 : UsualRuns;
-}
-
 void IdleRow::measure(Trial& trial, Record& record) const
 {
     trial.waitUntilReady();
     const QPoint start = trial.paper.center();
-    trial.hand.moveTo(start);
-    trial.hand.press();
+    trial.beginStroke(start);
     static_cast<void>(trial.drawWaiting(line(start, start + QPoint(100, 0))));
     trial.hand.release();
     trial.meter.waitForRest();

@@ -22,18 +22,11 @@ QByteArray LongStrokeRow::method() const
            "each hundredth. Other programs once only, for time's sake.";
 }
 
-int LongStrokeRow::runs(const Annotator& annotator) const
-{
-    return annotator.isPeer() ? 1 : UsualRuns;
-}
-
 void LongStrokeRow::measure(Trial& trial, Record& record) const
 {
     trial.waitUntilReady();
     const QList<QPoint> path = lines(trial.paper, moves + 1, step);
-    trial.hand.moveTo(path.first());
-    trial.hand.press();
-    trial.probe.waitForInk(path.first());
+    trial.beginStroke(path.first());
     const QList<double> early = trial.drawWaiting(path.mid(1, timedMoves));
     const QList<QPoint> between = path.mid(1 + timedMoves, moves - 2 * timedMoves);
     for (qsizetype sent = 0; sent < between.size(); sent += movesAtOnce) {

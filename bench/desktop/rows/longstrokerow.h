@@ -9,7 +9,7 @@ class LongStrokeRow : public Row {
 public:
     [[nodiscard]] QByteArray name() const override { return "long-stroke"; }
     [[nodiscard]] QByteArray method() const override;
-    [[nodiscard]] int runs(const Annotator& annotator) const override;
+    [[nodiscard]] int runs(Annotator::Role role) const override { return runsWithPeersOnce(role); }
     void measure(Trial& trial, Record& record) const override;
 };
 

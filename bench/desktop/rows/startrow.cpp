@@ -8,7 +8,8 @@ namespace Bench {
 QByteArray StartRow::method() const
 {
     return "From just before exec. First picture: the pen's dot under the pointer and the palette "
-           "are seen (bare client: the dot; flameshot: the dimmed screen; gromit-mpx shows "
+           "are seen (bare client: the dot; empty window: its colour; flameshot: the dimmed "
+           "screen; gromit-mpx shows "
            "nothing). First stroke: from the first picture on a line is tried every 20 ms, until "
            "its ink stays behind the pointer; in flameshot one selects first. Processor time is "
            "that up to the rest after the start. One start before the first is not counted.";
@@ -17,11 +18,6 @@ QByteArray StartRow::method() const
 QList<QSize> StartRow::screens() const
 {
     return {{1920, 1080}, {3840, 2160}, {7680, 2160}};
-}
-
-int StartRow::runs(const Annotator& /*annotator*/) const
-{
-    return 2 * UsualRuns;
 }
 
 void StartRow::measure(Trial& trial, Record& record) const

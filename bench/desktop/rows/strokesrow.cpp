@@ -43,11 +43,6 @@ QByteArray StrokesRow::method() const
            "proportional (Pss). Other programs once only, and up to 500 strokes, for time's sake.";
 }
 
-int StrokesRow::runs(const Annotator& annotator) const
-{
-    return annotator.isPeer() ? 1 : UsualRuns;
-}
-
 void StrokesRow::measure(Trial& trial, Record& record) const
 {
     trial.waitUntilReady();
@@ -55,7 +50,7 @@ void StrokesRow::measure(Trial& trial, Record& record) const
     drawStrokes(trial, 0, few - timedStrokes);
     record.add("processor time per stroke after 500, ms", timePerStroke(trial, few - timedStrokes));
     record.add("memory after 500 strokes, MiB", trial.meter.proportionalMemory());
-    if (trial.annotator.isPeer())
+    if (trial.annotator.role() == Annotator::Role::Peer)
         return;
     drawStrokes(trial, few, many - timedStrokes);
     record.add("processor time per stroke after 5,000, ms",

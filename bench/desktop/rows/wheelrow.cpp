@@ -19,11 +19,6 @@ QByteArray WheelRow::method() const
            "cursor is shown. Of Korvel only: the others' wheel does something else.";
 }
 
-int WheelRow::runs(const Annotator& annotator) const
-{
-    return annotator.name() == "Korvel" ? UsualRuns : 0;
-}
-
 void WheelRow::measure(Trial& trial, Record& record) const
 {
     trial.waitUntilReady();

@@ -9,7 +9,7 @@ class WheelRow : public Row {
 public:
     [[nodiscard]] QByteArray name() const override { return "wheel"; }
     [[nodiscard]] QByteArray method() const override;
-    [[nodiscard]] int runs(const Annotator& annotator) const override;
+    [[nodiscard]] int runs(Annotator::Role role) const override { return runsOfSubject(role); }
     void measure(Trial& trial, Record& record) const override;
 };
 
