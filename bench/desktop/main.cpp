@@ -64,51 +64,79 @@ void print(const QByteArray& name, const QByteArray& table)
     std::fflush(stdout);
 }
 
+/// What the arguments ask for.
+struct Order {
+    QString file;
+    Session::Programs programs = Session::Programs::All;
+    QList<QByteArray> rows; ///< empty for all
+
+    [[nodiscard]] bool asksFor(const QByteArray& row) const
+    {
+        return rows.isEmpty() || rows.contains(row);
+    }
+};
+
+Order orderFrom(const QStringList& arguments)
+{
+    Order order{.file = arguments.value(1)};
+    for (const QString& argument : arguments.mid(2)) {
+        if (argument == QLatin1String("--own"))
+            order.programs = Session::Programs::WithoutPeers;
+        else
+            order.rows.append(argument.toUtf8());
+    }
+    return order;
 }
 
-/// Arguments: the file of the results; --own to leave out the programs of others; names of rows, or none for all.
-int main(int argc, char** argv)
+void measureRows(const Order& order, const std::vector<std::unique_ptr<Row>>& rows,
+                 ResultsFile& file)
 {
-    const QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    QStringList wanted = arguments.mid(2);
-    const bool withPeers = wanted.removeAll(QStringLiteral("--own")) == 0;
-    const auto rows = allRows();
-    QList<QByteArray> names;
-    for (const auto& row : rows)
-        names.append(row->name());
-    names.append(Widgets);
-    for (const QString& name : wanted) {
-        if (!names.contains(name.toUtf8())) {
-            std::fprintf(stderr, "No row is named %s; there are: %s\n", qPrintable(name),
-                         names.join(", ").constData());
-            return 2;
-        }
-    }
-    const auto isWanted = [&](const QByteArray& name) {
-        return wanted.isEmpty() || wanted.contains(QString::fromUtf8(name));
-    };
-
-    ResultsFile file(arguments.value(1), names);
-    file.setIntroduction(introduction());
     Results results;
-    Session session(results, withPeers ? Session::Programs::All : Session::Programs::WithoutPeers);
+    Session session(results, order.programs);
     for (const auto& row : rows) {
-        if (!isWanted(row->name()))
+        if (!order.asksFor(row->name()))
             continue;
         session.measure(*row);
         const QByteArray table = markdownTable(results, row->name(), row->floor());
         print(row->name(), table);
         file.setSection(row->name(), section(row->name(), row->method(), table));
     }
-    if (isWanted(Widgets)) {
-        const QByteArray table = widgetBenchTable();
-        print(Widgets, table);
-        file.setSection(Widgets,
-                        section(Widgets,
-                                "Parts of the program alone, on an offscreen window: real time of "
-                                "one turn, the median of five.",
-                                table));
+}
+
+void measureWidgets(ResultsFile& file)
+{
+    const QByteArray table = widgetBenchTable();
+    print(Widgets, table);
+    const QByteArray method =
+        "Parts of the program alone, on an offscreen window: real time of one "
+        "turn, the median of five.";
+    file.setSection(Widgets, section(Widgets, method, table));
+}
+
+}
+
+/// Arguments: the file of the results; --own to leave out the programs of others; names of rows, or none for all.
+int main(int argc, char** argv)
+{
+    const QCoreApplication application(argc, argv);
+    const Order order = orderFrom(QCoreApplication::arguments());
+    const auto rows = allRows();
+    QList<QByteArray> names;
+    for (const auto& row : rows)
+        names.append(row->name());
+    names.append(Widgets);
+    for (const QByteArray& name : order.rows) {
+        if (!names.contains(name)) {
+            std::fprintf(stderr, "No row is named %s; there are: %s\n", name.constData(),
+                         names.join(", ").constData());
+            return 2;
+        }
     }
+
+    ResultsFile file(order.file, names);
+    file.setIntroduction(introduction());
+    measureRows(order, rows, file);
+    if (order.asksFor(Widgets))
+        measureWidgets(file);
     return file.save() ? 0 : 1;
 }

@@ -59,6 +59,18 @@ QByteArray BurstRow::method() const
     return stroke;
 }
 
+QList<QSize> BurstRow::screens() const
+{
+    if (condition == Condition::Quiet)
+        return Row::screens();
+    return {{1920, 1080}};
+}
+
+int BurstRow::runs(Annotator::Role role) const
+{
+    return condition == Condition::Quiet ? Row::runs(role) : runsWithPeersOnce(role);
+}
+
 double BurstRow::drawWithCatchUp(Trial& trial, const QList<QPoint>& path, int rate) const
 {
     trial.beginStroke(path.first());

@@ -22,6 +22,8 @@ public:
 
     [[nodiscard]] QByteArray name() const override;
     [[nodiscard]] QByteArray method() const override;
+    [[nodiscard]] QList<QSize> screens() const override;
+    [[nodiscard]] int runs(Annotator::Role role) const override;
     void measure(Trial& trial, Record& record) const override;
 
 private:

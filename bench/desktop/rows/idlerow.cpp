@@ -16,7 +16,8 @@ constexpr std::chrono::seconds idleTime(10);
 QByteArray IdleRow::method() const
 {
     return "After one stroke, when the program has come to rest: context switches of all its "
-           "threads and processor time within ten seconds. Other programs once only, for time's "
+           "threads and processor time within ten seconds. Programs of others once only, for "
+           "time's "
            "sake.";
 }
 

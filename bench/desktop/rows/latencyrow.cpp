@@ -9,7 +9,7 @@ namespace Bench {
 namespace {
 
 constexpr int usualMoves = 1000;
-constexpr int peersMoves = 300;
+constexpr int peersMoves = 200;
 constexpr int step = 12; // pixels
 
 }
@@ -18,7 +18,8 @@ QByteArray LatencyRow::method() const
 {
     return "One stroke of 1,000 moves, 12 pixels apart, in lines over the whole width. After each "
            "move the pixel under the pointer is read in a tight loop until it has the pen's "
-           "colour; then comes the next move. Other programs 300 moves, for time's sake. Processor "
+           "colour; then comes the next move. Those of others 200 moves, for time's sake. "
+           "Processor "
            "time is the program's own, in all threads, without the compositor's.";
 }
 

@@ -19,7 +19,7 @@ QByteArray LongStrokeRow::method() const
 {
     return "One stroke of 20,000 moves, 6 pixels apart. The first and the last 200 are timed as in "
            "the row latency; those between are sent a hundred at once, waiting for the ink of "
-           "each hundredth. Other programs once only, for time's sake.";
+           "each hundredth. Programs of others once only, for time's sake.";
 }
 
 void LongStrokeRow::measure(Trial& trial, Record& record) const

@@ -40,7 +40,8 @@ QByteArray StrokesRow::method() const
 {
     return "Strokes of ten moves, 20 pixels long, each on clean paper and each waited for. "
            "Processor time is that of the last 50 of 500 and of 5,000 strokes. Memory is "
-           "proportional (Pss). Other programs once only, and up to 500 strokes, for time's sake.";
+           "proportional (Pss). Programs of others once only, and up to 500 strokes, for time's "
+           "sake.";
 }
 
 void StrokesRow::measure(Trial& trial, Record& record) const
