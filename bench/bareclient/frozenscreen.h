@@ -4,8 +4,9 @@
 
 #include <memory>
 
-/// A window over the whole screen that shows its picture, and a red pen of 5 pixels to draw on it with the left button.
-/// Keeps nothing but what the server keeps for it, and does nothing but what drawing needs.
+/// A window over the whole screen that shows its picture, and a red pen of 5 pixels to draw on it
+/// with the left button. Keeps nothing but what the server keeps for it, and does nothing but what
+/// drawing needs.
 class FrozenScreen {
 public:
     FrozenScreen();

@@ -7,8 +7,9 @@ class XConnection;
 
 namespace Bench {
 
-/// A hand with the mouse that is as fast as wanted: its events are on their way when a function returns, and nobody
-/// waits for what becomes of them. Coordinates are the screen's, in device pixels.
+/// A hand with the mouse that is as fast as wanted: its events are on their way when a function
+/// returns, and nobody waits for what becomes of them. Coordinates are the screen's, in device
+/// pixels.
 class Hand {
 public:
     enum class Wheel { AwayFromUser = 4, TowardsUser = 5 };

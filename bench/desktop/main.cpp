@@ -115,7 +115,8 @@ void measureWidgets(ResultsFile& file)
 
 }
 
-/// Arguments: the file of the results; --own to leave out the programs of others; names of rows, or none for all.
+/// Arguments: the file of the results; --own to leave out the programs of others; names of rows, or
+/// none for all.
 int main(int argc, char** argv)
 {
     const QCoreApplication application(argc, argv);

@@ -31,7 +31,8 @@ private:
     const XConnection& x;
 };
 
-/// Whether a colour is that of the programs' pens, red and up to a quarter transparent, on white paper.
+/// Whether a colour is that of the programs' pens, red and up to a quarter transparent, on white
+/// paper.
 [[nodiscard]] constexpr bool isInk(QRgb colour)
 {
     return qRed(colour) > 150 && qGreen(colour) < 128;

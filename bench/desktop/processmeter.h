@@ -20,7 +20,8 @@ public:
     /// Memory in MiB; what is shared with other processes counts in parts.
     [[nodiscard]] double proportionalMemory() const;
 
-    /// Returns when the process has worked through all that it was sent: it has next to no work for a tenth of a second.
+    /// Returns when the process has worked through all that it was sent: it has next to no work for
+    /// a tenth of a second.
     void waitForRest() const;
 
 private:

@@ -15,7 +15,8 @@ class Results;
 class Row;
 struct Subject;
 
-/// Measures all installed programs in turns, so that what disturbs the machine for a while disturbs all of them.
+/// Measures all installed programs in turns, so that what disturbs the machine for a while disturbs
+/// all of them.
 class Session {
 public:
     enum class Programs { All, WithoutPeers };

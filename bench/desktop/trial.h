@@ -13,15 +13,16 @@
 
 namespace Bench {
 
-/// One start of one program on an empty white desktop, and all that is needed to draw with it and to measure it. The
-/// program ends with this object.
+/// One start of one program on an empty white desktop, and all that is needed to draw with it and
+/// to measure it. The program ends with this object.
 class Trial {
 public:
     static constexpr QRgb Paper = 0xffffff;
     /// Where the pointer waits for the program, beside the paper.
     static constexpr QPoint RestingPoint{60, 60};
 
-    /// Returns when the program has been executed. Throws Failure if the last one's windows do not go away.
+    /// Returns when the program has been executed. Throws Failure if the last one's windows do not
+    /// go away.
     Trial(const Annotator& annotator, const Desktop& desktop);
     Trial(const Trial&) = delete;
     Trial& operator=(const Trial&) = delete;
@@ -30,7 +31,8 @@ public:
     Clock::time_point waitUntilShown() const;
     /// Returns when the program can be drawn with and has nothing else to do. Throws Failure.
     void waitUntilReady() const;
-    /// Tries to draw until ink stays where the pointer has left; tells when it was seen. Beside the paper.
+    /// Tries to draw until ink stays where the pointer has left; tells when it was seen. Beside the
+    /// paper.
     Clock::time_point drawFirstStroke() const;
     /// From where a stroke begins to its first point: a press alone leaves no ink in some programs.
     static constexpr QPoint LeadIn{12, 0};

@@ -12,7 +12,8 @@ constexpr int pen = 5; // pixels
 
 }
 
-/// What a stroke costs beside its moves: the press that begins it and the release that makes it last.
+/// What a stroke costs beside its moves: the press that begins it and the release that makes it
+/// last.
 class CommitBench : public QObject {
     Q_OBJECT
 

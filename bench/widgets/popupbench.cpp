@@ -4,8 +4,8 @@
 #include <QAbstractItemView>
 #include <QTest>
 
-/// What it costs to open a list of the palette, until it is painted, and to close it. Warnings are let pass: the
-/// offscreen platform complains of every list, a varying number of times.
+/// What it costs to open a list of the palette, until it is painted, and to close it. Warnings are
+/// let pass: the offscreen platform complains of every list, a varying number of times.
 class PopupBench : public QObject {
     Q_OBJECT
 

@@ -9,7 +9,8 @@ namespace Bench {
 
 class Trial;
 
-/// A program with which one draws on the screen, and how it is driven by hand. All draw in red with a pen of 5 pixels.
+/// A program with which one draws on the screen, and how it is driven by hand. All draw in red with
+/// a pen of 5 pixels.
 class Annotator {
 public:
     /// Why it is measured.
@@ -34,7 +35,8 @@ public:
 
     /// Whether one sees that it has started, without drawing.
     [[nodiscard]] virtual bool showsItself() const { return true; }
-    /// Whether all that it shows on start is on the screen. The pointer rests where the trial put it.
+    /// Whether all that it shows on start is on the screen. The pointer rests where the trial put
+    /// it.
     [[nodiscard]] virtual bool isShown(const Trial& trial) const = 0;
     /// Whether the first press of the button draws, with no tool to be chosen before.
     [[nodiscard]] virtual bool drawsAtOnce() const { return true; }

@@ -4,7 +4,8 @@
 
 namespace Bench {
 
-/// The program of bench/emptywindow: the least that a program of the toolkit needs to show something. Does not draw.
+/// The program of bench/emptywindow: the least that a program of the toolkit needs to show
+/// something. Does not draw.
 class EmptyWindow : public Annotator {
 public:
     [[nodiscard]] QByteArray name() const override { return "empty window"; }

@@ -4,8 +4,8 @@
 
 namespace Bench {
 
-/// gromit-mpx as Debian packages it, active from the start. Without a compositor it draws too, by cutting its window to
-/// the shape of the ink, but much slower.
+/// gromit-mpx as Debian packages it, active from the start. Without a compositor it draws too, by
+/// cutting its window to the shape of the ink, but much slower.
 class GromitMpx : public Annotator {
 public:
     [[nodiscard]] QByteArray name() const override { return "gromit-mpx"; }
