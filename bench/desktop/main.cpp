@@ -66,9 +66,9 @@ void print(const QByteArray& name, const QByteArray& table)
 
 /// What the arguments ask for.
 struct Order {
-    QString file;
+    QString file = {};
     Session::Programs programs = Session::Programs::All;
-    QList<QByteArray> rows; ///< empty for all
+    QList<QByteArray> rows = {}; ///< empty for all
 
     [[nodiscard]] bool asksFor(const QByteArray& row) const
     {

@@ -2,10 +2,17 @@
 
 #include "bench/desktop/pixelprobe.h"
 
+#include <algorithm>
 #include <cmath>
 #include <limits>
 
 namespace Bench {
+
+namespace {
+
+constexpr double infinite = std::numeric_limits<double>::infinity();
+
+}
 
 PointMap::PointMap(QSize size)
     : marks(size, QImage::Format_Indexed8)
@@ -43,31 +50,40 @@ QList<QPoint> PointMap::points() const
     return found;
 }
 
-double PointMap::distanceFrom(QPoint point) const
+/// For each pixel, row by row, the distance to the nearest mark above, below or on it.
+QList<double> PointMap::distancesInColumns() const
 {
-    const int limit = marks.width() + marks.height();
-    double nearest = std::numeric_limits<double>::infinity();
-    const auto look = [&](int dx, int dy) {
-        if (contains(point + QPoint(dx, dy)))
-            nearest = std::min(nearest, std::hypot(dx, dy));
-    };
-    // Squares of growing size around the point, until none can hold a nearer one.
-    for (int reach = 0; reach < limit && reach < nearest; ++reach) {
-        for (int along = -reach; along <= reach; ++along) {
-            look(along, -reach);
-            look(along, reach);
-            look(-reach, along);
-            look(reach, along);
-        }
+    const int width = marks.width();
+    QList<double> distances(qsizetype(width) * marks.height(), infinite);
+    for (int column = 0; column < width; ++column) {
+        const auto sweep = [&](int first, int last, int step) {
+            double distance = infinite;
+            for (int row = first; row != last + step; row += step) {
+                distance = contains({column, row}) ? 0 : distance + 1;
+                double& known = distances[qsizetype(row) * width + column];
+                known = std::min(known, distance);
+            }
+        };
+        sweep(0, marks.height() - 1, 1);
+        sweep(marks.height() - 1, 0, -1);
     }
-    return nearest;
+    return distances;
 }
 
 double PointMap::furthest(const QList<QPoint>& from) const
 {
+    const int width = marks.width();
+    const QList<double> inColumn = distancesInColumns();
     double distance = 0;
-    for (const QPoint point : from)
-        distance = std::max(distance, distanceFrom(point));
+    for (const QPoint point : from) {
+        double nearest = infinite;
+        for (int column = 0; column < width; ++column) {
+            const double down = inColumn.at(qsizetype(point.y()) * width + column);
+            const double across = column - point.x();
+            nearest = std::min(nearest, down * down + across * across);
+        }
+        distance = std::max(distance, std::sqrt(nearest));
+    }
     return distance;
 }
 

@@ -18,12 +18,13 @@ public:
     [[nodiscard]] bool contains(QPoint point) const;
     [[nodiscard]] QList<QPoint> points() const;
 
-    /// From a pixel to the nearest of these, centre to centre, in pixels.
-    [[nodiscard]] double distanceFrom(QPoint point) const;
-    /// The largest distance of any of the points.
+    /// How far the furthest of some pixels is from the nearest of these, centre to centre. Infinite
+    /// if there are none.
     [[nodiscard]] double furthest(const QList<QPoint>& from) const;
 
 private:
+    [[nodiscard]] QList<double> distancesInColumns() const;
+
     QImage marks;
 };
 

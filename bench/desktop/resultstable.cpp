@@ -12,7 +12,9 @@ namespace {
 /// Three significant digits, without an exponent.
 QByteArray number(double value)
 {
-    const int before = value == 0 ? 1 : static_cast<int>(std::floor(std::log10(std::abs(value))));
+    if (value == 0)
+        return "0";
+    const int before = static_cast<int>(std::floor(std::log10(std::abs(value))));
     return QByteArray::number(value, 'f', std::clamp(2 - before, 0, 3));
 }
 
