@@ -1,4 +1,5 @@
 #include <QApplication>
+#include <QScreen>
 #include <QWidget>
 
 /// The least that a program of the toolkit can do: an empty window over the whole screen, in red.
@@ -8,6 +9,8 @@ int main(int argc, char** argv)
     QWidget window;
     window.setWindowFlags(Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint);
     window.setPalette(QPalette(Qt::red));
-    window.showFullScreen();
+    // The full-screen state is up to a window manager.
+    window.setGeometry(QGuiApplication::primaryScreen()->geometry());
+    window.show();
     return QApplication::exec();
 }
