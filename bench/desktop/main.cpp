@@ -109,7 +109,7 @@ void measureWidgets(ResultsFile& file)
     print(Widgets, table);
     const QByteArray method =
         "Parts of the program alone, on an offscreen window: real time of one "
-        "turn, the median of five.";
+        "turn, the median of three.";
     file.setSection(Widgets, section(Widgets, method, table));
 }
 
