@@ -2,11 +2,21 @@
 
 #include "tests/desktop/harness/xserver.h"
 
-/// An X server without hardware, with one screen of 1280 x 800 pixels.
+#include <QSize>
+
+/// An X server without hardware, with one screen.
 class VirtualServer : public XServer {
 public:
-    VirtualServer()
-        : XServer("/usr/bin/Xvfb", {"-screen", "0", "1280x800x24", "-dpi", "96"})
+    /// @param screen  in device pixels
+    explicit VirtualServer(QSize screen = {1280, 800})
+        : XServer("/usr/bin/Xvfb", {"-screen", "0", mode(screen), "-dpi", "96"})
     {
+    }
+
+private:
+    [[nodiscard]] static QByteArray mode(QSize screen)
+    {
+        return QByteArray::number(screen.width()) + 'x' + QByteArray::number(screen.height())
+            + "x24";
     }
 };

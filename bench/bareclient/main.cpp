@@ -1,0 +1,6 @@
+#include "bench/bareclient/frozenscreen.h"
+
+int main()
+{
+    FrozenScreen().run();
+}
