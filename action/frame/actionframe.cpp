@@ -6,6 +6,7 @@
 #include "overlay/nativewindow.h"
 #include "overlay/windowutils.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QResizeEvent>
@@ -17,6 +18,8 @@ namespace VcAction::Frame {
 namespace {
 
 constexpr int allHiddenMode = 3;
+/// From here on one rectangle around all is painted sooner than each by itself.
+constexpr int manyRectangles = 50;
 
 }
 
@@ -31,6 +34,9 @@ ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
     setFocusPolicy(Qt::ClickFocus);
     Helpers::NQt::Utils::setWindowShadow(this, false);
     osUtils::System::setSystemUIMode(allHiddenMode, 0);
+    // Of the dispatchers one tells the end of its turn by the first, another by the second.
+    connect(QAbstractEventDispatcher::instance(), SIGNAL(awake()), this, SLOT(endTurn()));
+    connect(QAbstractEventDispatcher::instance(), SIGNAL(aboutToBlock()), this, SLOT(endTurn()));
 }
 
 void ActionFrame::setToolbar(VcAction::Toolbar::ActionToolbar* palette)
@@ -131,14 +137,35 @@ void ActionFrame::trackDirtyRegion()
 void ActionFrame::markDirty(const QRegion& region)
 {
     dirtyRegion += region;
+    if (dirtyRegion.rectCount() > manyRectangles)
+        dirtyRegion = dirtyRegion.boundingRect();
 }
 
 void ActionFrame::repaintDirty()
 {
+    if (turn == Turn::Behind)
+        turn = Turn::Painted;
     if (tracksDirtyRegion)
         repaint(std::exchange(dirtyRegion, {}));
     else
         repaint();
+}
+
+void ActionFrame::repaintMove()
+{
+    if (turn != Turn::Fresh) {
+        turn = Turn::Behind;
+        return;
+    }
+    turn = Turn::Painted;
+    repaintDirty();
+}
+
+void ActionFrame::endTurn()
+{
+    if (turn == Turn::Behind)
+        repaintDirty();
+    turn = Turn::Fresh;
 }
 
 bool ActionFrame::isPointerOverToolbar() const

@@ -50,6 +50,10 @@ protected:
     void markDirty(const QRegion& region);
     /// Repaints at once what has changed since the last time; everything, unless that is tracked.
     void repaintDirty();
+    /// The same for the moves of the pointer: at once for the first in a turn of the event loop. Those
+    /// that had queued up behind it are painted together when the turn ends, so that catching up with
+    /// a fast hand does not take a paint for each.
+    void repaintMove();
 
     /// Whether the palette, with its own cursor, is under the pointer.
     [[nodiscard]] bool isPointerOverToolbar() const;
@@ -57,7 +61,14 @@ protected:
     VcAction::Toolbar::ActionToolbar* toolbar = nullptr;
     bool mouseTransparent = false;
 
+private slots:
+    void endTurn();
+
 private:
+    /// How far this turn of the event loop has come with painting the pointer's moves.
+    enum class Turn { Fresh, Painted, Behind };
+
+    Turn turn = Turn::Fresh;
     bool tracksDirtyRegion = false;
     QRegion dirtyRegion;
 };
