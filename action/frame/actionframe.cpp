@@ -107,6 +107,12 @@ void ActionFrame::enterEvent(QEnterEvent* /*event*/)
     repaintDirty();
 }
 
+// The base's handlers would paint the whole screen once more, although nothing on the frame shows
+// whether it has the keys.
+void ActionFrame::focusInEvent(QFocusEvent* /*event*/) { }
+
+void ActionFrame::focusOutEvent(QFocusEvent* /*event*/) { }
+
 void ActionFrame::resizeEvent(QResizeEvent* event)
 {
     // The tool's own doing, not the window manager's: another size is another way to cover the screen.
