@@ -1,12 +1,12 @@
 #include "action/frame/actionframe.h"
 
+#include "action/frame/repaintpace.h"
 #include "action/toolbar/actiontoolbar.h"
 #include "action/toolbar/palettegeometry.h"
 #include "os/presentationmode.h"
 #include "overlay/nativewindow.h"
 #include "overlay/windowutils.h"
 
-#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QResizeEvent>
@@ -25,6 +25,7 @@ constexpr int manyRectangles = 50;
 
 ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
     : TransparentFrame(parent, engineType, width, height)
+    , movePace(new RepaintPace([this] { repaintDirty(); }, this))
 {
     connect(QCoreApplication::instance(), SIGNAL(aboutToQuit()), QCoreApplication::instance(),
             SLOT(quit()));
@@ -34,9 +35,6 @@ ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
     setFocusPolicy(Qt::ClickFocus);
     Helpers::NQt::Utils::setWindowShadow(this, false);
     osUtils::System::setSystemUIMode(allHiddenMode, 0);
-    // Of the dispatchers one tells the end of its turn by the first, another by the second.
-    connect(QAbstractEventDispatcher::instance(), SIGNAL(awake()), this, SLOT(endTurn()));
-    connect(QAbstractEventDispatcher::instance(), SIGNAL(aboutToBlock()), this, SLOT(endTurn()));
 }
 
 void ActionFrame::setToolbar(VcAction::Toolbar::ActionToolbar* palette)
@@ -149,8 +147,7 @@ void ActionFrame::markDirty(const QRegion& region)
 
 void ActionFrame::repaintDirty()
 {
-    if (turn == Turn::Behind)
-        turn = Turn::Painted;
+    movePace->allRepainted();
     if (tracksDirtyRegion)
         repaint(std::exchange(dirtyRegion, {}));
     else
@@ -159,19 +156,7 @@ void ActionFrame::repaintDirty()
 
 void ActionFrame::repaintMove()
 {
-    if (turn != Turn::Fresh) {
-        turn = Turn::Behind;
-        return;
-    }
-    turn = Turn::Painted;
-    repaintDirty();
-}
-
-void ActionFrame::endTurn()
-{
-    if (turn == Turn::Behind)
-        repaintDirty();
-    turn = Turn::Fresh;
+    movePace->ask();
 }
 
 bool ActionFrame::isPointerOverToolbar() const

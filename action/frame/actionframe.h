@@ -11,6 +11,8 @@ class ActionToolbar;
 /// The tools' frames.
 namespace VcAction::Frame {
 
+class RepaintPace;
+
 /// The full-screen overlay of one tool: stays on top, ends the program on Escape or when closed,
 /// places its palette and fades it while the user works on the frame. What is drawn is the derived
 /// frame's.
@@ -63,14 +65,8 @@ protected:
     VcAction::Toolbar::ActionToolbar* toolbar = nullptr;
     bool mouseTransparent = false;
 
-private slots:
-    void endTurn();
-
 private:
-    /// How far this turn of the event loop has come with painting the pointer's moves.
-    enum class Turn { Fresh, Painted, Behind };
-
-    Turn turn = Turn::Fresh;
+    RepaintPace* movePace;
     bool tracksDirtyRegion = false;
     QRegion dirtyRegion;
 };
