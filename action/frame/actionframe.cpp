@@ -9,6 +9,7 @@
 
 #include <QCoreApplication>
 #include <QKeyEvent>
+#include <QLineF>
 #include <QResizeEvent>
 
 #include <utility>
@@ -129,8 +130,11 @@ void ActionFrame::resizeEvent(QResizeEvent* event)
 
 QPointF ActionFrame::exactPosition(const QMouseEvent& event)
 {
-    // The frame is a window: its coordinates are the scene's.
-    return event.scenePosition();
+    // The frame is a window: its coordinates are the scene's. But the first move after the pointer has
+    // left a child widget has none (seen in Qt 6.4.2).
+    const QPointF exact = event.scenePosition();
+    const QPointF rounded = event.position();
+    return QLineF(exact, rounded).length() < 1 ? exact : rounded;
 }
 
 void ActionFrame::trackDirtyRegion()

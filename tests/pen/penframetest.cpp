@@ -27,6 +27,7 @@ private slots:
     void aColourKeepsItsAlpha();
     void choosingAStyleShowsTheBackground();
     void thePensTipFollowsThePointer();
+    void anEventWithoutAPlaceInTheWindowIsFollowedByItsPlaceInTheFrame();
     void thePensTipTakesANewColourAndSizeAtOnce();
     void anySizeIsSurvived_data();
     void anySizeIsSurvived();
@@ -143,6 +144,23 @@ void PenFrameTest::thePensTipFollowsThePointer()
     QCOMPARE(canvas.onScreen(200, 150), QColor(Qt::red));
     QCOMPARE(canvas.onScreen(192, 142), paper);
     QVERIFY(canvas.inkInPicture().isEmpty());
+}
+
+void PenFrameTest::anEventWithoutAPlaceInTheWindowIsFollowedByItsPlaceInTheFrame()
+{
+    // Given
+    Canvas canvas;
+    QVERIFY(canvas.show());
+
+    // When
+    // As the toolkit sends the first one after the pointer has left the palette.
+    QMouseEvent move(QEvent::MouseMove, QPointF(90, 60), QPointF(-1, -1),
+                     canvas.frame.mapToGlobal(QPointF(90, 60)), Qt::NoButton, Qt::NoButton,
+                     Qt::NoModifier);
+    QApplication::sendEvent(&canvas.frame, &move);
+
+    // Then
+    QCOMPARE(canvas.onScreen(90, 60), QColor(Qt::red));
 }
 
 void PenFrameTest::thePensTipTakesANewColourAndSizeAtOnce()

@@ -58,10 +58,7 @@ void BoardShapesTest::aShapeIsWhatWasDraggedOut()
     // then
     const QImage left = seen();
     QVERIFY(isSameInside(preview, left));
-    const qreal filled = countOf(left, Qt::yellow);
-    const qreal expected = shareFilledBy(ShapeEntry(entry)) * box.width() * box.height();
-    QVERIFY2(qAbs(filled - expected) < 0.05 * expected,
-             qPrintable(QString("%1, not %2").arg(filled).arg(expected)));
+    QVERIFY(fillsAs(ShapeEntry(entry), left, Qt::yellow, box.size()));
 }
 
 void BoardShapesTest::aHalfTransparentShapeBlendsOnce()

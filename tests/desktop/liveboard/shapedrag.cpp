@@ -4,6 +4,26 @@
 
 #include <cmath>
 
+namespace {
+
+/// Of the shape's box.
+qreal shareFilledBy(ShapeEntry shape)
+{
+    // Of the round rectangle's corners a quarter of each half side is rounded.
+    constexpr qreal rounded = 0.25;
+    switch (shape) {
+    case EllipseEntry:
+        return M_PI / 4;
+    case RectangleEntry:
+        return 1;
+    case RoundRectEntry:
+        return 1 - rounded * rounded * (1 - M_PI / 4);
+    }
+    return 0;
+}
+
+}
+
 void addShapeDrags(QRect box)
 {
     QTest::addColumn<int>("entry");
@@ -53,17 +73,9 @@ int countOf(const QImage& picture, QColor colour)
     return count;
 }
 
-qreal shareFilledBy(ShapeEntry shape)
+bool fillsAs(ShapeEntry shape, const QImage& picture, QColor colour, QSize box)
 {
-    // Of the round rectangle's corners a quarter of each half side is rounded.
-    constexpr qreal rounded = 0.25;
-    switch (shape) {
-    case EllipseEntry:
-        return M_PI / 4;
-    case RectangleEntry:
-        return 1;
-    case RoundRectEntry:
-        return 1 - rounded * rounded * (1 - M_PI / 4);
-    }
-    return 0;
+    constexpr qreal edges = 0.05;
+    const qreal expected = shareFilledBy(shape) * box.width() * box.height();
+    return qAbs(countOf(picture, colour) - expected) < edges * expected;
 }

@@ -19,5 +19,7 @@ void addShapes();
 /// How many pixels have about this colour.
 [[nodiscard]] int countOf(const QImage& picture, QColor colour);
 
-/// The share of its box that a shape fills: an ellipse less than a round rectangle, that less than all.
-[[nodiscard]] qreal shareFilledBy(ShapeEntry shape);
+/// Whether the colour fills as much of the picture as the shape does of its box: an ellipse less than a
+/// round rectangle, that less than all.
+/// @param box  size of what the shape spans, device pixels; an edge's pixels may be missing
+[[nodiscard]] bool fillsAs(ShapeEntry shape, const QImage& picture, QColor colour, QSize box);
