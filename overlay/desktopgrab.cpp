@@ -1,12 +1,14 @@
 #include "overlay/desktopgrab.h"
 
 #include "os/screencover.h"
+#include "os/screenpicture.h"
 #include "overlay/screengeometry.h"
 
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
 
+#include <utility>
 #include <vector>
 
 namespace Helpers::NQt {
@@ -21,11 +23,21 @@ struct ScreenPicture {
     QRect rect() const { return {origin, picture.size()}; }
 };
 
+QPixmap pictureOf(QScreen& screen)
+{
+    QImage direct = osUtils::System::screenPicture(screen);
+    if (direct.isNull())
+        return screen.grabWindow(0);
+    QPixmap picture = QPixmap::fromImage(std::move(direct), Qt::NoFormatConversion);
+    picture.setDevicePixelRatio(screen.devicePixelRatio());
+    return picture;
+}
+
 // A grab without a size ends exactly at the screen's edge. One with a size is rounded from logical
 // pixels and can miss the last column at a fractional ratio.
 ScreenPicture grabScreen(QScreen& screen)
 {
-    ScreenPicture grabbed{screen.grabWindow(0), screen.geometry().topLeft()};
+    ScreenPicture grabbed{pictureOf(screen), screen.geometry().topLeft()};
     grabbed.picture.setDevicePixelRatio(1.0);
     return grabbed;
 }
@@ -62,7 +74,7 @@ QPixmap composed(const std::vector<ScreenPicture>& pictures, const QRect& area, 
 QPixmap grabArea(const QRect& area, QScreen& screen)
 {
     if (area == osUtils::System::coveringGeometry(screen))
-        return screen.grabWindow(0);
+        return pictureOf(screen);
     const qreal ratio = screen.devicePixelRatio();
     return composed(grabScreens(), deviceRect(area, screen.geometry().topLeft(), ratio), ratio);
 }

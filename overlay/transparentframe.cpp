@@ -7,6 +7,7 @@
 
 #include <QGuiApplication>
 #include <QPaintEvent>
+#include <QPalette>
 #include <QScreen>
 
 namespace Helpers::NQt {
@@ -20,6 +21,18 @@ std::unique_ptr<FrameEngine> makeEngine(int engineType, TransparentFrame* frame,
     return std::make_unique<FrameEngineSS>(frame, screen);
 }
 
+/// The palette with the colours of a window that has the keyboard for one that has not, too.
+QPalette alwaysActive(QPalette palette)
+{
+    for (int number = 0; number < QPalette::NColorRoles; ++number) {
+        const auto role = static_cast<QPalette::ColorRole>(number);
+        const QBrush& brush = palette.brush(QPalette::Active, role);
+        if (palette.brush(QPalette::Inactive, role) != brush)
+            palette.setBrush(QPalette::Inactive, role, brush);
+    }
+    return palette;
+}
+
 }
 
 TransparentFrame::TransparentFrame(QWidget* parent, int engineType, int width, int height)
@@ -30,6 +43,9 @@ TransparentFrame::TransparentFrame(QWidget* parent, int engineType, int width, i
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowFlags(Qt::FramelessWindowHint);
     coverScreen(screen, QSize(width, height));
+    // The frame looks the same with and without the keyboard. Else the toolkit would paint the whole
+    // screen once more as soon as it has been given it.
+    setPalette(alwaysActive(palette()));
     setAttribute(Qt::WA_MouseTracking);
     // The toolkit merges the motion events that have queued up, which turns a fast stroke into a
     // polygon. The platform plug-in sets the attribute on start, so it is cleared only from here on.

@@ -10,7 +10,7 @@ namespace VcAction::Frame {
 
 InkLayer::InkLayer(QSize size, qreal devicePixelRatio)
     : ink(Helpers::NQt::layerPixmap(size, devicePixelRatio, Qt::transparent))
-    , stroke(ink)
+    , stroke(Helpers::NQt::layerPixmap(size, devicePixelRatio, Qt::transparent))
     , style(Freehand)
     , liveStyle(Freehand)
     , pen(Qt::black, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin)

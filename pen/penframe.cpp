@@ -47,6 +47,7 @@ PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, boo
 
 void PenFrame::setPen(QColor penColor)
 {
+    finishPen();
     color = penColor;
     makePen();
     colorizeCursor();
@@ -58,6 +59,7 @@ void PenFrame::setPen(QColor penColor)
 void PenFrame::setPenSize(int size)
 {
     markDirty(liveBox());
+    finishPen();
     penSize = size;
     makePen();
     markDirty(liveBox());
@@ -68,6 +70,7 @@ void PenFrame::setStyle(int penStyle)
 {
     // The next repaint takes away what the old style has on the screen.
     markDirty(liveBox());
+    finishPen();
     if (drawing && isFreehand() && penStyle != Freehand) {
         markDirty(strokeRect);
         clearStrokeLayer();
@@ -78,14 +81,23 @@ void PenFrame::setStyle(int penStyle)
 
 void PenFrame::setTransparency(bool transparent)
 {
+    finishPen();
     opacity = opacityFor(transparent);
+}
+
+void PenFrame::finishPen()
+{
+    if (drawing && isFreehand())
+        extendStroke();
 }
 
 void PenFrame::makePen()
 {
     pen = QPen(QBrush(color, Qt::SolidPattern), static_cast<qreal>(penSize), Qt::SolidLine,
                Qt::RoundCap, Qt::RoundJoin);
-    segmentPending = drawing;
+    // The newest segment is painted again, over what the older pen has left.
+    if (drawing)
+        addSegment();
 }
 
 bool PenFrame::isFreehand() const
@@ -103,7 +115,8 @@ void PenFrame::mousePressEvent(QMouseEvent* event)
         drawing = true;
         currentPoint = previousPoint = startPoint = exactPosition(*event);
         strokeRect = QRect();
-        segmentPending = true;
+        pendingSegments.clear();
+        addSegment();
         markDirty(liveBox());
     }
     ActionFrame::mousePressEvent(event);
@@ -111,16 +124,14 @@ void PenFrame::mousePressEvent(QMouseEvent* event)
 
 void PenFrame::mouseMoveEvent(QMouseEvent* event)
 {
-    // A segment that no paint has asked for, the frame being hidden, is ink nevertheless.
-    if (drawing && isFreehand())
-        extendStroke();
-    else
+    if (!drawing || !isFreehand())
         markDirty(liveBox());
     previousPoint = currentPoint;
     currentPoint = exactPosition(*event);
-    segmentPending = drawing;
+    if (drawing)
+        addSegment();
     markDirty(liveBox());
-    repaintDirty();
+    repaintMove();
 }
 
 void PenFrame::mouseReleaseEvent(QMouseEvent* event)
@@ -186,19 +197,29 @@ void PenFrame::draw(QPaintDevice* device)
     }
 }
 
+void PenFrame::addSegment()
+{
+    // Of a shape's moves only the newest counts, should it go on as a stroke.
+    if (!isFreehand())
+        pendingSegments.clear();
+    pendingSegments.append(QLineF(previousPoint, currentPoint));
+}
+
 void PenFrame::extendStroke()
 {
     // Once for each segment: painted again, its antialiased edge would grow harder with every paint.
-    if (!segmentPending)
+    if (pendingSegments.isEmpty())
         return;
-    segmentPending = false;
-    computeRect();
     QPainter painter(&strokeLayer);
-    painter.setClipRect(drawRect);
     painter.setOpacity(opacity);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(pen);
-    draw(&painter);
+    for (const QLineF& segment : std::as_const(pendingSegments)) {
+        const QRect box = segmentBox(segment.p1(), segment.p2(), penSize);
+        strokeRect |= box;
+        painter.setClipRect(box);
+        drawSegment(painter, segment);
+    }
+    pendingSegments.clear();
 }
 
 void PenFrame::showStroke(QPaintDevice* device)
@@ -239,12 +260,17 @@ void PenFrame::draw(QPainter* painter)
         paintShape(*painter, style, color, startPoint.toPoint(), currentPoint.toPoint());
         break;
     default:
-        // Replaces what is there instead of blending with it: a stroke is of one opacity throughout.
-        painter->setCompositionMode(QPainter::CompositionMode_Source);
-        painter->setPen(pen);
-        paintSegment(*painter, previousPoint, currentPoint);
+        drawSegment(*painter, QLineF(previousPoint, currentPoint));
         break;
     }
+}
+
+void PenFrame::drawSegment(QPainter& painter, const QLineF& segment) const
+{
+    // Replaces what is there instead of blending with it: a stroke is of one opacity throughout.
+    painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.setPen(pen);
+    paintSegment(painter, segment.p1(), segment.p2());
 }
 
 void PenFrame::drawNewPolygon()

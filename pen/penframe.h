@@ -4,6 +4,8 @@
 
 #include <QColor>
 #include <QCursor>
+#include <QLineF>
+#include <QList>
 #include <QPen>
 #include <QPixmap>
 
@@ -50,10 +52,13 @@ protected:
 private:
     [[nodiscard]] bool isFreehand() const;
     [[nodiscard]] QRect liveBox() const;
+    void finishPen();
     void makePen();
     void computeRect();
     void draw(QPainter* painter);
+    void addSegment();
     void extendStroke();
+    void drawSegment(QPainter& painter, const QLineF& segment) const;
     void showStroke(QPaintDevice* device);
     void showPrimitive(QPaintDevice* device);
     void showPenTip(QPaintDevice* device);
@@ -87,8 +92,8 @@ private:
 
     /// In the pen's colour: one object, however often it is pushed.
     QCursor coloredCursor;
-    /// Whether the newest segment is not in the layer yet, or is there with an older pen.
-    bool segmentPending = false;
+    /// What of the stroke is not in the layer yet, or is there with an older pen, oldest first.
+    QList<QLineF> pendingSegments;
 };
 
 }

@@ -1,5 +1,6 @@
 #include "action/frame/actionframe.h"
 
+#include "action/frame/repaintpace.h"
 #include "action/toolbar/actiontoolbar.h"
 #include "action/toolbar/palettegeometry.h"
 #include "os/presentationmode.h"
@@ -18,11 +19,14 @@ namespace VcAction::Frame {
 namespace {
 
 constexpr int allHiddenMode = 3;
+/// From here on one rectangle around all is painted sooner than each by itself.
+constexpr int manyRectangles = 50;
 
 }
 
 ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
     : TransparentFrame(parent, engineType, width, height)
+    , movePace(new RepaintPace([this] { repaintDirty(); }, this))
 {
     connect(QCoreApplication::instance(), SIGNAL(aboutToQuit()), QCoreApplication::instance(),
             SLOT(quit()));
@@ -102,6 +106,12 @@ void ActionFrame::enterEvent(QEnterEvent* /*event*/)
     repaintDirty();
 }
 
+// The base's handlers would paint the whole screen once more, although nothing on the frame shows
+// whether it has the keys.
+void ActionFrame::focusInEvent(QFocusEvent* /*event*/) { }
+
+void ActionFrame::focusOutEvent(QFocusEvent* /*event*/) { }
+
 void ActionFrame::resizeEvent(QResizeEvent* event)
 {
     // The tool's own doing, not the window manager's: another size is another way to cover the screen.
@@ -135,14 +145,22 @@ void ActionFrame::trackDirtyRegion()
 void ActionFrame::markDirty(const QRegion& region)
 {
     dirtyRegion += region;
+    if (dirtyRegion.rectCount() > manyRectangles)
+        dirtyRegion = dirtyRegion.boundingRect();
 }
 
 void ActionFrame::repaintDirty()
 {
+    movePace->allRepainted();
     if (tracksDirtyRegion)
         repaint(std::exchange(dirtyRegion, {}));
     else
         repaint();
+}
+
+void ActionFrame::repaintMove()
+{
+    movePace->ask();
 }
 
 bool ActionFrame::isPointerOverToolbar() const

@@ -11,6 +11,8 @@ class ActionToolbar;
 /// The tools' frames.
 namespace VcAction::Frame {
 
+class RepaintPace;
+
 /// The full-screen overlay of one tool: stays on top, ends the program on Escape or when closed,
 /// places its palette and fades it while the user works on the frame. What is drawn is the derived
 /// frame's.
@@ -37,6 +39,8 @@ protected:
     void mousePressEvent(QMouseEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void enterEvent(QEnterEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
     /// Where a mouse event lies, in frame coordinates, to the fraction of a logical pixel. The event's
@@ -50,6 +54,10 @@ protected:
     void markDirty(const QRegion& region);
     /// Repaints at once what has changed since the last time; everything, unless that is tracked.
     void repaintDirty();
+    /// The same for the moves of the pointer: at once for the first in a turn of the event loop. Those
+    /// that had queued up behind it are painted together when the turn ends, so that catching up with
+    /// a fast hand does not take a paint for each.
+    void repaintMove();
 
     /// Whether the palette, with its own cursor, is under the pointer.
     [[nodiscard]] bool isPointerOverToolbar() const;
@@ -58,6 +66,7 @@ protected:
     bool mouseTransparent = false;
 
 private:
+    RepaintPace* movePace;
     bool tracksDirtyRegion = false;
     QRegion dirtyRegion;
 };

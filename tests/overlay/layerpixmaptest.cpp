@@ -1,11 +1,28 @@
 #include "overlay/layerpixmap.h"
 
+#include <QFile>
 #include <QImage>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QTest>
 
+#include <unistd.h>
+
 using namespace Helpers::NQt;
+
+namespace {
+
+/// What of the process's memory is really there.
+int residentMiB()
+{
+    QFile status(QStringLiteral("/proc/self/statm"));
+    if (!status.open(QIODevice::ReadOnly))
+        return 0;
+    const auto pages = status.readAll().split(' ').value(1).toLongLong();
+    return static_cast<int>(pages * sysconf(_SC_PAGESIZE) / 1024 / 1024);
+}
+
+}
 
 /// Pixmaps to paint on.
 class LayerPixmapTest : public QObject {
@@ -18,6 +35,8 @@ private slots:
     void aLayerIsFilled_data();
     void aLayerIsFilled();
     void aLayerIsPaintedOnInLogicalPixels();
+    void aTransparentLayerTakesMemoryOnlyWhereItIsPaintedOn();
+    void anEmptyLayerIsNull();
 };
 
 void LayerPixmapTest::aLayerHasThePixelsOfItsScreen_data()
@@ -84,6 +103,31 @@ void LayerPixmapTest::aLayerIsPaintedOnInLogicalPixels()
     QCOMPARE(image.pixelColor(7, 11), QColor(Qt::black));
     QCOMPARE(image.pixelColor(1, 4), QColor(Qt::white));
     QCOMPARE(image.pixelColor(8, 11), QColor(Qt::white));
+}
+
+void LayerPixmapTest::aTransparentLayerTakesMemoryOnlyWhereItIsPaintedOn()
+{
+    // given
+    constexpr QSize large(4096, 4096);
+    constexpr int itsMiB = 4096 * 4096 * 4 / 1024 / 1024;
+    const int before = residentMiB();
+
+    // when
+    QPixmap layer = layerPixmap(large, 1.0, Qt::transparent);
+    QPainter(&layer).fillRect(100, 100, 200, 200, Qt::red);
+
+    // then
+    QVERIFY(residentMiB() - before < itsMiB / 2);
+    QVERIFY(layer.hasAlphaChannel());
+    const QImage image = layer.toImage();
+    QCOMPARE(image.pixelColor(150, 150), QColor(Qt::red));
+    QCOMPARE(image.pixelColor(4000, 4000), QColor(Qt::transparent));
+}
+
+void LayerPixmapTest::anEmptyLayerIsNull()
+{
+    QVERIFY(layerPixmap({0, 0}, 2.0, Qt::transparent).isNull());
+    QVERIFY(layerPixmap({10, 0}, 1.0, Qt::transparent).isNull());
 }
 
 QTEST_MAIN(LayerPixmapTest)

@@ -61,6 +61,8 @@ public:
     {
         TestSupport::release(frame, at, button);
     }
+    /// Lets the turn of the event loop end that the moves so far belong to.
+    static void endTurn() { QCoreApplication::processEvents(); }
     /// A whole stroke through the points.
     void draw(const QList<QPointF>& points)
     {

@@ -1,8 +1,11 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
 
+#include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTest>
+
+#include <functional>
 
 using namespace PenTest;
 using TestSupport::areClose;
@@ -10,6 +13,36 @@ using TestSupport::areClose;
 namespace {
 
 const QColor halfRed(255, 127, 127);
+
+using Change = std::function<void(VcAction::Frame::PenFrame&)>;
+
+/// Whether each move has a turn of the event loop of its own, or all are in one.
+enum class Pace { OneByOne, Queued };
+
+/// How a stroke looks before and after its release.
+struct Pictures {
+    QImage shown;
+    QImage kept;
+};
+
+/// Scribbles over the canvas, always the same; changes something half the way.
+Pictures scribble(Canvas& canvas, const Change& change, Pace pace)
+{
+    QRandomGenerator random(11);
+    QPointF at(150, 150);
+    canvas.press(at);
+    for (int move = 0; move < 60; ++move) {
+        at += QPointF(random.bounded(40.0) - 20, random.bounded(40.0) - 20);
+        canvas.moveTo(at);
+        if (pace == Pace::OneByOne)
+            Canvas::endTurn();
+        if (move == 30)
+            change(canvas.frame);
+    }
+    const QImage shown = canvas.screen();
+    canvas.release(at);
+    return {shown, canvas.picture()};
+}
 
 }
 
@@ -41,6 +74,8 @@ private slots:
     void transparencyChangesOnlyLaterSegments();
     void aColourChosenInMidStrokeBeginsWithTheNewestSegment();
     void aSizeChosenInMidStrokeBeginsWithTheNewestSegment();
+    void aQueueOfMovesLeavesWhatSingleOnesLeave_data();
+    void aQueueOfMovesLeavesWhatSingleOnesLeave();
     void fractionsOfAPixelCount();
     void withoutItsBackgroundTheStrokeBringsItsOwn();
 };
@@ -421,6 +456,52 @@ void FreehandTest::aSizeChosenInMidStrokeBeginsWithTheNewestSegment()
     QCOMPARE(canvas.inPicture(100, 110), paper);
     QCOMPARE(canvas.inPicture(200, 110), QColor(Qt::red));
     QCOMPARE(canvas.inPicture(260, 150), QColor(Qt::red));
+}
+
+void FreehandTest::aQueueOfMovesLeavesWhatSingleOnesLeave_data()
+{
+    QTest::addColumn<int>("size");
+    QTest::addColumn<bool>("transparent");
+    QTest::addColumn<Change>("change");
+
+    using VcAction::Frame::PenFrame;
+    const Change nothing = [](PenFrame&) {};
+    const Change colour = [](PenFrame& frame) { frame.setPen(QColor(10, 120, 250, 200)); };
+    const Change width = [](PenFrame& frame) { frame.setPenSize(21); };
+    const Change opacity = [](PenFrame& frame) { frame.setTransparency(true); };
+    const Change style = [](PenFrame& frame) {
+        frame.setStyle(Rectangle);
+        frame.setStyle(Freehand);
+    };
+    QTest::newRow("opaque") << 9 << false << nothing;
+    QTest::newRow("transparent") << 9 << true << nothing;
+    QTest::newRow("one pixel wide") << 1 << false << nothing;
+    QTest::newRow("as thin as can be") << 0 << true << nothing;
+    QTest::newRow("another colour half the way") << 9 << true << colour;
+    QTest::newRow("another width half the way") << 9 << false << width;
+    QTest::newRow("another opacity half the way") << 9 << false << opacity;
+    QTest::newRow("another style and back half the way") << 9 << false << style;
+}
+
+void FreehandTest::aQueueOfMovesLeavesWhatSingleOnesLeave()
+{
+    // Given
+    QFETCH(int, size);
+    QFETCH(bool, transparent);
+    QFETCH(Change, change);
+    Canvas single(size, Qt::red, Freehand, transparent);
+    Canvas queued(size, Qt::red, Freehand, transparent);
+    QVERIFY(single.show());
+    QVERIFY(queued.show());
+
+    // When
+    const Pictures expected = scribble(single, change, Pace::OneByOne);
+    const Pictures found = scribble(queued, change, Pace::Queued);
+
+    // Then
+    QCOMPARE(TestSupport::differingBox(found.shown, expected.shown), QRect());
+    QCOMPARE(TestSupport::differingBox(found.kept, expected.kept), QRect());
+    QVERIFY(!TestSupport::inkBox(found.kept, paper).isEmpty());
 }
 
 void FreehandTest::fractionsOfAPixelCount()

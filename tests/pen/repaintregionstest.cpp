@@ -1,33 +1,15 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/paintrecorder.h"
 
-#include <QPaintEvent>
 #include <QRegion>
 #include <QRegularExpression>
 #include <QTest>
 
 using namespace PenTest;
+using TestSupport::PaintRecorder;
 
 namespace {
-
-/// Notes what a widget is asked to paint.
-class PaintRecorder : public QObject {
-public:
-    explicit PaintRecorder(QWidget& widget) { widget.installEventFilter(this); }
-
-    int paints = 0;
-    QRegion region;
-
-protected:
-    bool eventFilter(QObject* /*watched*/, QEvent* event) override
-    {
-        if (event->type() == QEvent::Paint) {
-            ++paints;
-            region += static_cast<QPaintEvent*>(event)->region();
-        }
-        return false;
-    }
-};
 
 /// Whether all of the area was painted.
 bool covers(const QRegion& region, const QRect& area)
@@ -45,7 +27,7 @@ int areaOf(const QRegion& region)
 
 }
 
-/// What is repainted: all that changes, at once, and little else.
+/// What is repainted: all that changes, at once unless there is more in the queue, and little else.
 class RepaintRegionsTest : public QObject {
     Q_OBJECT
 
@@ -63,7 +45,9 @@ private slots:
     void aNewSizeRepaintsTheLargerTip_data();
     void aNewSizeRepaintsTheLargerTip();
     void aShapeRepaintsItsOldAndNewBox();
-    void everyMoveIsPaintedAtOnce();
+    void aMoveIsPaintedAtOnce();
+    void aQueueOfMovesIsPaintedTogether();
+    void aReleasePaintsTheMovesBeforeIt();
 };
 
 void RepaintRegionsTest::aMoveRepaintsTheOldAndTheNewTip()
@@ -72,6 +56,7 @@ void RepaintRegionsTest::aMoveRepaintsTheOldAndTheNewTip()
     Canvas canvas(10);
     QVERIFY(canvas.show());
     canvas.hoverTo({100, 100});
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     // When
@@ -88,6 +73,7 @@ void RepaintRegionsTest::aFarMoveRepaintsNothingBetweenTheTips()
     Canvas canvas(10);
     QVERIFY(canvas.show());
     canvas.hoverTo({50, 50});
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     // When
@@ -105,6 +91,7 @@ void RepaintRegionsTest::aMoveInAStrokeRepaintsTheNewSegment()
     Canvas canvas(10);
     QVERIFY(canvas.show());
     canvas.press({100, 100});
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     // When
@@ -126,6 +113,7 @@ void RepaintRegionsTest::aStrokesLengthDoesNotMatter()
                                      : QPointF(50, 50 + 10 * round));
     canvas.moveTo({200, 300});
     canvas.moveTo({202, 300});
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     // When
@@ -142,6 +130,7 @@ void RepaintRegionsTest::aPressRepaintsTheDot()
     Canvas canvas(10);
     QVERIFY(canvas.show());
     canvas.hoverTo({300, 300});
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     // When
@@ -161,6 +150,7 @@ void RepaintRegionsTest::aReleaseRepaintsTheLastSegment()
     canvas.press({100, 100});
     canvas.moveTo({150, 100});
     canvas.moveTo({160, 100});
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     // When
@@ -177,6 +167,7 @@ void RepaintRegionsTest::aNewColourRepaintsTheTip()
     Canvas canvas(10);
     QVERIFY(canvas.show());
     canvas.hoverTo({100, 100});
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     // When
@@ -204,6 +195,7 @@ void RepaintRegionsTest::aNewSizeRepaintsTheLargerTip()
     Canvas canvas(from);
     QVERIFY(canvas.show());
     canvas.hoverTo({100, 100});
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     // When
@@ -221,6 +213,7 @@ void RepaintRegionsTest::aShapeRepaintsItsOldAndNewBox()
     QVERIFY(canvas.show());
     canvas.press({100, 100});
     canvas.moveTo({150, 130});
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     // When
@@ -232,11 +225,12 @@ void RepaintRegionsTest::aShapeRepaintsItsOldAndNewBox()
     QVERIFY(areaOf(recorder.region) < 60 * 40 + 30 * 20);
 }
 
-void RepaintRegionsTest::everyMoveIsPaintedAtOnce()
+void RepaintRegionsTest::aMoveIsPaintedAtOnce()
 {
     // Given
     Canvas canvas(10);
     QVERIFY(canvas.show());
+    canvas.endTurn();
     PaintRecorder recorder(canvas.frame);
 
     for (int move = 1; move <= 5; ++move) {
@@ -245,7 +239,55 @@ void RepaintRegionsTest::everyMoveIsPaintedAtOnce()
 
         // Then
         QCOMPARE(recorder.paints, move);
+        canvas.endTurn();
     }
+    QCOMPARE(recorder.paints, 5);
+}
+
+void RepaintRegionsTest::aQueueOfMovesIsPaintedTogether()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.press({50, 50});
+    canvas.endTurn();
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    for (const QPointF point : {QPointF(60, 50), QPointF(200, 50), QPointF(200, 200)})
+        canvas.moveTo(point);
+
+    // Then
+    QCOMPARE(recorder.paints, 1);
+
+    // When
+    canvas.endTurn();
+
+    // Then
+    QCOMPARE(recorder.paints, 2);
+    QVERIFY(covers(recorder.region, QRect(45, 45, 160, 10)));
+    QVERIFY(covers(recorder.region, QRect(195, 45, 10, 160)));
+}
+
+void RepaintRegionsTest::aReleasePaintsTheMovesBeforeIt()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.press({50, 50});
+    canvas.endTurn();
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.moveTo({60, 50});
+    canvas.moveTo({200, 50});
+    canvas.moveTo({200, 200});
+    canvas.release({200, 200});
+
+    // Then
+    QCOMPARE(recorder.paints, 2);
+    QVERIFY(covers(recorder.region, QRect(45, 45, 160, 10)));
+    QVERIFY(covers(recorder.region, QRect(195, 45, 10, 160)));
 }
 
 QTEST_MAIN(RepaintRegionsTest)

@@ -1,5 +1,6 @@
 #include "tests/action/probes.h"
 #include "tests/support/eventloop.h"
+#include "tests/support/paintrecorder.h"
 
 #include <QLineEdit>
 #include <QRegularExpression>
@@ -20,6 +21,7 @@ private slots:
     void raisedItTakesTheKeyboard();
     void notRaisedItLeavesTheKeyboardWhereItIs();
     void itsPictureIsTakenBeforeItIsShown();
+    void theKeyboardsComingAndGoingRepaintsNothing();
 };
 
 void FrameActivationTest::raisedItTakesTheKeyboard()
@@ -84,6 +86,37 @@ void FrameActivationTest::itsPictureIsTakenBeforeItIsShown()
 
     // Then
     QCOMPARE(frame.background()->toImage().pixelColor(50, 50), QColor(10, 200, 30));
+}
+
+void FrameActivationTest::theKeyboardsComingAndGoingRepaintsNothing()
+{
+    // Given
+    const QPalette usual = QApplication::palette();
+    QPalette greyWhenInactive = usual;
+    greyWhenInactive.setColor(QPalette::Inactive, QPalette::Highlight, Qt::gray);
+    greyWhenInactive.setColor(QPalette::Active, QPalette::Highlight, Qt::blue);
+    QApplication::setPalette(greyWhenInactive);
+    QLineEdit other;
+    other.setGeometry(900, 600, 200, 50);
+    FrameProbe frame;
+    frame.start(true);
+    QVERIFY(QTest::qWaitForWindowActive(&frame));
+    QCoreApplication::processEvents();
+    const TestSupport::PaintRecorder recorder(frame);
+
+    // When
+    other.show();
+    other.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&other));
+    other.hide();
+    frame.activateWindow();
+    QVERIFY(QTest::qWaitForWindowActive(&frame));
+    QTRY_COMPARE(QApplication::focusWidget(), &frame);
+    QCoreApplication::processEvents();
+
+    // Then
+    QVERIFY(recorder.region.subtracted(other.geometry()).isEmpty());
+    QApplication::setPalette(usual);
 }
 
 QTEST_MAIN(FrameActivationTest)

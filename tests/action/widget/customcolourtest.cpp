@@ -372,6 +372,5 @@ void CustomColourTest::theKeyboardIsBackAfterTheDialog()
     QTRY_COMPARE(QApplication::activeWindow(), &two.frame);
 }
 
-Q_DECLARE_METATYPE(Answer)
 QTEST_MAIN(CustomColourTest)
 #include "customcolourtest.moc"
