@@ -131,7 +131,7 @@ void PenFrame::mouseMoveEvent(QMouseEvent* event)
     if (drawing)
         addSegment();
     markDirty(liveBox());
-    repaintMove();
+    repaintMove(*event);
 }
 
 void PenFrame::mouseReleaseEvent(QMouseEvent* event)

@@ -158,9 +158,13 @@ void ActionFrame::repaintDirty()
         repaint();
 }
 
-void ActionFrame::repaintMove()
+void ActionFrame::repaintMove(const QMouseEvent& move)
 {
-    movePace->ask();
+    // Only those of the window system queue up.
+    if (move.spontaneous())
+        movePace->ask();
+    else
+        repaintDirty();
 }
 
 bool ActionFrame::isPointerOverToolbar() const

@@ -57,7 +57,7 @@ protected:
     /// The same for the moves of the pointer: at once for the first in a turn of the event loop. Those
     /// that had queued up behind it are painted together when the turn ends, so that catching up with
     /// a fast hand does not take a paint for each.
-    void repaintMove();
+    void repaintMove(const QMouseEvent& move);
 
     /// Whether the palette, with its own cursor, is under the pointer.
     [[nodiscard]] bool isPointerOverToolbar() const;

@@ -45,7 +45,7 @@ void BoardFrame::mousePressEvent(QMouseEvent* event)
 void BoardFrame::mouseMoveEvent(QMouseEvent* event)
 {
     markDirty(ink.moveTo(exactPosition(*event)));
-    repaintMove();
+    repaintMove(*event);
 }
 
 void BoardFrame::mouseReleaseEvent(QMouseEvent* event)

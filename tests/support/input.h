@@ -5,8 +5,9 @@
 #include <QMouseEvent>
 #include <QWheelEvent>
 #include <QWidget>
+#include <QtTest/qtestspontaneevent.h>
 
-/// Input events handed to a widget. Positions are in the widget's coordinates, logical pixels.
+/// Input events handed to a widget, as those of the window system are. Positions are in the widget's coordinates, logical pixels.
 ///
 /// Each function tells whether the event was accepted. What a widget leaves alone is passed up to
 /// its parents, as the toolkit does it.
@@ -16,7 +17,8 @@ inline bool sendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::MouseB
                       Qt::MouseButtons held)
 {
     QMouseEvent event(type, at, widget.mapToGlobal(at), button, held, Qt::NoModifier);
-    QApplication::sendEvent(&widget, &event);
+    QSpontaneKeyEvent::setSpontaneous(&event);
+    qApp->notify(&widget, &event);
     return event.isAccepted();
 }
 

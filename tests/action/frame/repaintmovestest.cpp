@@ -1,8 +1,10 @@
 #include "tests/action/probes.h"
 #include "tests/support/paintrecorder.h"
 
+#include <QMouseEvent>
 #include <QRegularExpression>
 #include <QTest>
+#include <QtTest/qtestspontaneevent.h>
 
 #include <memory>
 
@@ -18,10 +20,19 @@ public:
     using ActionFrame::repaintMove;
     using ActionFrame::trackDirtyRegion;
 
-    void moveTo(const QRect& changed)
+    void moveTo(const QRect& changed) { move(changed, true); }
+    /// As a program makes one up, not the window system.
+    void moveByProgram(const QRect& changed) { move(changed, false); }
+
+private:
+    void move(const QRect& changed, bool isOfTheWindowSystem)
     {
+        QMouseEvent event(QEvent::MouseMove, changed.center(), mapToGlobal(changed.center()),
+                          Qt::NoButton, Qt::NoButton, Qt::NoModifier);
+        if (isOfTheWindowSystem)
+            QSpontaneKeyEvent::setSpontaneous(&event);
         markDirty(changed);
-        repaintMove();
+        repaintMove(event);
     }
 };
 
@@ -45,6 +56,7 @@ private slots:
     void anotherRepaintPaintsTheMovesToo();
     void afterAnotherRepaintAMoveIsPaintedAtOnce();
     void untrackedMovesArePaintedInFull();
+    void aMoveOfTheProgramsOwnIsPaintedAtOnce();
     void aTurnOfTheLoopThatWaitsEnds();
     void manyRegionsArePaintedAsOne();
 
@@ -152,15 +164,28 @@ void RepaintMovesTest::untrackedMovesArePaintedInFull()
     PaintRecorder paints(untracked);
 
     // When
-    untracked.repaintMove();
-    untracked.repaintMove();
-    untracked.repaintMove();
+    untracked.moveTo(here);
+    untracked.moveTo(here);
+    untracked.moveTo(here);
     endTurn();
     endTurn();
 
     // Then
     QCOMPARE(paints.paints, 2);
     QCOMPARE(paints.region, QRegion(untracked.rect()));
+}
+
+void RepaintMovesTest::aMoveOfTheProgramsOwnIsPaintedAtOnce()
+{
+    // Given
+    frame->moveTo(here);
+    const int before = recorder->paints;
+
+    // When
+    frame->moveByProgram(there);
+
+    // Then
+    QCOMPARE(recorder->paints, before + 1);
 }
 
 void RepaintMovesTest::aTurnOfTheLoopThatWaitsEnds()
