@@ -273,9 +273,15 @@ void WindowPresenterTest::aShownOverlayIsPresentedAtOnce()
     const Home home;
     const ChildProcess manager(openbox(home));
     QTRY_VERIFY(WindowProbe(x, x.root()).hasProperty("_NET_CLIENT_LIST"));
-    const auto window = overlay();
-    window->show();
-    QVERIFY(QTest::qWaitForWindowExposed(window.get()));
+    // Openbox announces itself a little too early: a window shown before it listens is forgotten.
+    std::unique_ptr<QWindow> window;
+    const auto isShown = [&] {
+        window = overlay();
+        window->show();
+        constexpr int patienceMs = 500;
+        return QTest::qWaitForWindowExposed(window.get(), patienceMs);
+    };
+    QTRY_VERIFY(isShown());
     WindowWatch watch(idOf(*window));
 
     // when
