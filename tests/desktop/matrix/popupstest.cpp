@@ -16,6 +16,9 @@ private slots:
     void escapeClosesOnlyTheDialog();
 
 private:
+    /// Holds the button until the press shows: mutter (seen in 43) loses a release that follows at once.
+    void clickSlowly(QPoint place) const;
+
     static constexpr QPoint Away{100, 700};
     static constexpr int ColourEntries = 9;
 
@@ -81,6 +84,14 @@ void PopupsTest::theDialogOpensAboveTheFrame()
     QVERIFY(desktop->screen.area().contains(desktop->windows.geometry(dialog())));
 }
 
+void PopupsTest::clickSlowly(QPoint place) const
+{
+    desktop->pointer.moveTo(place);
+    desktop->pointer.press();
+    static_cast<void>(settledPicture());
+    desktop->pointer.release();
+}
+
 void PopupsTest::theDialogIsUsedWithTheMouse()
 {
     // given
@@ -94,9 +105,9 @@ void PopupsTest::theDialogIsUsedWithTheMouse()
     const QRect place = desktop->windows.geometry(dialog());
 
     // when
-    desktop->pointer.click(place.topLeft() + lastBasicColour);
+    clickSlowly(place.topLeft() + lastBasicColour);
     EVENTUALLY_COMPARE(desktop->screen.colourAt(place.topLeft() + preview), QColor(Qt::white));
-    desktop->pointer.click(place.bottomRight() + confirm);
+    clickSlowly(place.bottomRight() + confirm);
 
     // then
     EVENTUALLY(dialog() == XCB_NONE);
