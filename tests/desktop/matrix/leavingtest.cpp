@@ -45,10 +45,7 @@ void LeavingTest::windowsLieWhereTheyLay()
     EVENTUALLY_COMPARE(korvel.status(), 0);
 
     // then
-    // The compositors of metacity and mutter draw another shadow around the document than before.
-    const QRect withShadow = placesBefore.last().adjusted(-30, -30, 30, 30);
-    const bool shadowVaries = managerName() == "metacity-compositing" || managerName() == "mutter";
-    const QList<QRect> ignored = shadowVaries ? QList<QRect>{withShadow} : QList<QRect>{};
+    const QList<QRect> ignored = varyingShadows(placesBefore.last());
     EVENTUALLY_COMPARE(
         difference(blanked(desktop->screen.grab(), ignored), blanked(before, ignored)), QRect());
     QCOMPARE(places(), placesBefore);

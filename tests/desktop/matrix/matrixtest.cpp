@@ -85,6 +85,14 @@ bool MatrixTest::clickInto(const ClientWindow& window) const
     return eventually([&] { return desktop->windows.focused() == window.id(); });
 }
 
+QList<QRect> MatrixTest::varyingShadows(QRect window)
+{
+    constexpr int reach = 40; // device pixels
+    if (managerName() != "metacity-compositing" && managerName() != "mutter")
+        return {};
+    return {window.adjusted(-reach, -reach, reach, reach)};
+}
+
 QImage MatrixTest::withoutPalette(const QImage& picture) const
 {
     constexpr QPoint reach(20, 20); // of the pen's dot
