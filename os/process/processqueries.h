@@ -46,8 +46,8 @@ void getPidInfos(pidInfos* info);
 /// a process namespace of its own may tell a number that is another's outside.
 ///
 /// Asks over the toolkit's connection if it has one, and then waits as the toolkit does, else over
-/// one of its own to $DISPLAY. A server there that does not answer is given up after three seconds; until it answers or goes away,
-/// further questions find nothing at once.
+/// one of its own to $DISPLAY. A server there that does not answer is given up after three seconds;
+/// until it answers or goes away, further questions find nothing at once.
 [[nodiscard]] int getCurrentFocusProcess();
 
 /// The kernel's short name of a process; empty if there is no such process.

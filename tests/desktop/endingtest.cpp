@@ -11,8 +11,6 @@ class EndingTest : public DesktopTest {
 private slots:
     void everyWayEndsWithStatusZeroAndAClearScreen_data();
     void everyWayEndsWithStatusZeroAndAClearScreen();
-    void escapeEndsWhicheverControlHasTheFocus_data();
-    void escapeEndsWhicheverControlHasTheFocus();
     void escapeEndsWhereverTheTabKeyLeads_data();
     void escapeEndsWhereverTheTabKeyLeads();
     void escapeClosesOnlyAnOpenList_data();
@@ -74,38 +72,6 @@ void EndingTest::everyWayEndsWithStatusZeroAndAClearScreen()
     // then
     EVENTUALLY_COMPARE(korvel.status(), 0);
     EVENTUALLY_COMPARE(desktop->screen.grab(), before);
-}
-
-void EndingTest::escapeEndsWhicheverControlHasTheFocus_data()
-{
-    QTest::addColumn<QPoint>("control");
-    QTest::addColumn<bool>("opensList");
-
-    QTest::newRow("size box") << PaletteLayout({1280, 800}).sizeBox() << true;
-    QTest::newRow("colour box") << PaletteLayout({1280, 800}).colourBox() << true;
-    QTest::newRow("check box") << PaletteLayout({1280, 800}).transparentBox() << false;
-}
-
-void EndingTest::escapeEndsWhicheverControlHasTheFocus()
-{
-    // given
-    QFETCH(QPoint, control);
-    QFETCH(bool, opensList);
-    Program korvel(*desktop);
-    EVENTUALLY(korvel.isReady());
-    if (opensList) {
-        QVERIFY(desktop->controls.openList(control, korvel));
-        desktop->keyboard.strike(XK_Return);
-        EVENTUALLY(!desktop->controls.isListOpen(korvel));
-    } else {
-        desktop->pointer.click(control);
-    }
-
-    // when
-    desktop->keyboard.strike(XK_Escape);
-
-    // then
-    EVENTUALLY_COMPARE(korvel.status(), 0);
 }
 
 void EndingTest::escapeEndsWhereverTheTabKeyLeads_data()

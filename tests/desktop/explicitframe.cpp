@@ -8,9 +8,9 @@ int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);
     const QStringList arguments = QApplication::arguments();
-    constexpr int screenshotEngine = 0;
-    VcAction::Frame::ActionFrame frame(nullptr, screenshotEngine, arguments.value(1).toInt(),
-                                       arguments.value(2).toInt());
+    using VcAction::Frame::ActionFrame;
+    ActionFrame frame(nullptr, ActionFrame::ScreenshotEngine, arguments.value(1).toInt(),
+                      arguments.value(2).toInt());
     frame.start();
     return QApplication::exec();
 }

@@ -1,9 +1,10 @@
 #pragma once
 
+#include "tests/desktop/harness/clientwindow.h"
+#include "tests/desktop/harness/grab.h"
 #include "tests/desktop/harness/xconnection.h"
 
-#include <QColor>
-#include <QRect>
+#include <optional>
 
 /// A small menu of another program that is open: no window manager touches it, and it has grabbed
 /// pointer and keyboard, so that nobody else hears of them. As menus do, it goes on Escape.
@@ -12,18 +13,17 @@ public:
     /// Returns when it has both.
     PoppedUpMenu(const QByteArray& display, QRect place, QColor colour);
 
-    [[nodiscard]] xcb_window_t id() const { return window; }
+    [[nodiscard]] xcb_window_t id() const { return window ? window->id() : XCB_NONE; }
     /// Whether it has got pointer and keyboard, which nobody else may have grabbed.
     [[nodiscard]] bool hasGrabbed() const { return grabbed; }
     /// Whether it is still there. To be asked until it is not: it sees the keys only then.
     [[nodiscard]] bool isOpen();
 
 private:
-    void grab();
     void close();
 
     const XConnection x;
-    const xcb_window_t window;
-    bool grabbed = false;
-    bool open = true;
+    std::optional<ClientWindow> window;
+    std::optional<Grab> grab;
+    const bool grabbed;
 };

@@ -19,11 +19,6 @@ private:
 
     /// Starts drawing a shape and waits for it, the button held.
     [[nodiscard]] bool dragOut(QPoint from, QPoint to, QColor middle) const;
-    /// The shape and its surroundings, once they no longer change.
-    [[nodiscard]] QImage seen() const
-    {
-        return settledPicture().copy(box.adjusted(-30, -30, 30, 30));
-    }
 };
 
 bool BoardShapesTest::dragOut(QPoint from, QPoint to, QColor middle) const
@@ -47,16 +42,16 @@ void BoardShapesTest::aShapeIsWhatWasDraggedOut()
     EVENTUALLY(isReady(program));
     clickTab(1);
     desktop->pointer.click(palette().at(ShapeButton));
-    QVERIFY(chooseShape(entry, program));
+    QVERIFY(chooseShape(palette().at(ShapeBox), entry, program));
 
     // when
     QVERIFY(dragOut(from, to, Qt::yellow));
-    const QImage preview = seen();
+    const QImage preview = pictureAround(box);
     desktop->pointer.release();
     desktop->pointer.moveTo(Away);
 
     // then
-    const QImage left = seen();
+    const QImage left = pictureAround(box);
     QVERIFY(isSameInside(preview, left));
     QVERIFY(fillsAs(ShapeEntry(entry), left, Qt::yellow, box.size()));
 }
@@ -70,17 +65,17 @@ void BoardShapesTest::aHalfTransparentShapeBlendsOnce()
     desktop->pointer.click(palette().transparentBox());
     clickTab(1);
     desktop->pointer.click(palette().at(ShapeButton));
-    QVERIFY(chooseShape(entry, program));
+    QVERIFY(chooseShape(palette().at(ShapeBox), entry, program));
 
     // when
     const QColor once = mixed(Paper, Qt::yellow, 0.5);
     QVERIFY(dragOut(box.topLeft(), box.bottomRight(), once));
-    const QImage preview = seen();
+    const QImage preview = pictureAround(box);
     desktop->pointer.release();
     desktop->pointer.moveTo(Away);
 
     // then
-    const QImage left = seen();
+    const QImage left = pictureAround(box);
     QVERIFY(isSameInside(preview, left));
     QVERIFY(isClose(colourAt(box.center()), once));
 }
@@ -94,7 +89,7 @@ void BoardShapesTest::aRoundRectangleTakesThePlaceOfTheInkBelow()
     desktop->pointer.click(palette().transparentBox());
     clickTab(1);
     desktop->pointer.click(palette().at(ShapeButton));
-    QVERIFY(chooseShape(RoundRectEntry, program));
+    QVERIFY(chooseShape(palette().at(ShapeBox), RoundRectEntry, program));
     EVENTUALLY_COMPARE(colourAt({110, 200}), QColor(Qt::yellow));
 
     // when

@@ -57,10 +57,10 @@ bool BoardTest::wakePalette() const
     return eventually([this] { return isBright(); });
 }
 
-bool BoardTest::chooseShape(int entry, const Program& program) const
+bool BoardTest::chooseShape(QPoint box, int entry, const Program& program) const
 {
     constexpr int shapes = 3;
-    if (!desktop->controls.openList(palette().at(ShapeBox), program))
+    if (!desktop->controls.openList(box, program))
         return false;
     desktop->pointer.click(desktop->controls.placeOf(entry, shapes, program));
     return eventually([&] { return !desktop->controls.isListOpen(program); });

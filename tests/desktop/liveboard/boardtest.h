@@ -38,7 +38,13 @@ protected:
 
     /// On the page of the shapes.
     void clickTab(int page) const { desktop->pointer.click(palette().at(tab(page))); }
-    [[nodiscard]] bool chooseShape(int entry, const Program& program) const;
+    /// @param box  where the list of shapes opens from, on the screen
+    [[nodiscard]] bool chooseShape(QPoint box, int entry, const Program& program) const;
+    /// What was drawn and its surroundings, once they no longer change.
+    [[nodiscard]] QImage pictureAround(QRect drawn) const
+    {
+        return settledPicture().copy(drawn.adjusted(-30, -30, 30, 30));
+    }
 
     [[nodiscard]] QColor colourAt(QPoint point) const { return desktop->screen.colourAt(point); }
     /// The screen without the palette.

@@ -11,7 +11,8 @@ int main(int argc, char** argv)
     Helpers::NQt::NorvikApplication application("tabtool", argc, argv);
     QResource::registerResource(QStringLiteral("vellumcraft.rcc"));
 
-    VcAction::Frame::ActionFrame frame(nullptr, 0, 0, 0);
+    using VcAction::Frame::ActionFrame;
+    ActionFrame frame(nullptr, ActionFrame::ScreenshotEngine, 0, 0);
     auto* palette = new VcAction::Toolbar::ActionToolbar(&frame, QSize(305, 85));
     palette->addTab(QStringLiteral("One"));
     palette->addTab(QStringLiteral("Two"));

@@ -8,8 +8,8 @@ class LeavingTest : public MatrixTest {
 
 private slots:
     void windowsLieWhereTheyLay();
+    void theKeyboardIsGivenBack_data();
     void theKeyboardIsGivenBack();
-    void theKeyboardIsGivenBackBesideAWindowOnTop();
     void aFullScreenProgramIsInFrontAgain();
     void theWindowManagerCanCloseTheFrame();
 
@@ -52,32 +52,22 @@ void LeavingTest::windowsLieWhereTheyLay()
     QCOMPARE(desktop->windows.isAbove(above.id(), document.id()), wasAbove);
 }
 
+void LeavingTest::theKeyboardIsGivenBack_data()
+{
+    QTest::addColumn<ClientWindow::Kind>("neighbour");
+
+    QTest::newRow("beside another window") << ClientWindow::Kind::Ordinary;
+    QTest::newRow("beside a window on top") << ClientWindow::Kind::AlwaysOnTop;
+}
+
 void LeavingTest::theKeyboardIsGivenBack()
 {
     // given
-    const ClientWindow other = client(ClientWindow::Kind::Ordinary, TopWindow, Qt::blue);
+    QFETCH(ClientWindow::Kind, neighbour);
+    const ClientWindow other = client(neighbour, TopWindow, Qt::blue);
     const ClientWindow document =
         client(ClientWindow::Kind::Ordinary, {800, 300, 300, 300}, Qt::red);
     EVENTUALLY(shows(other, Qt::blue) && shows(document, Qt::red));
-    QVERIFY(clickInto(document));
-    Program korvel(*desktop);
-    EVENTUALLY(korvel.isReady());
-
-    // when
-    desktop->keyboard.strike(XK_Escape);
-    EVENTUALLY_COMPARE(korvel.status(), 0);
-
-    // then
-    EVENTUALLY_COMPARE(desktop->windows.focused(), document.id());
-}
-
-void LeavingTest::theKeyboardIsGivenBackBesideAWindowOnTop()
-{
-    // given
-    const ClientWindow above = client(ClientWindow::Kind::AlwaysOnTop, TopWindow, Qt::blue);
-    const ClientWindow document =
-        client(ClientWindow::Kind::Ordinary, {800, 300, 300, 300}, Qt::red);
-    EVENTUALLY(shows(above, Qt::blue) && shows(document, Qt::red));
     QVERIFY(clickInto(document));
     Program korvel(*desktop);
     EVENTUALLY(korvel.isReady());

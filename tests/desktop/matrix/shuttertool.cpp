@@ -18,7 +18,7 @@ constexpr QSize otherSize(900, 500);
 class ColourFrame : public VcAction::Frame::ActionFrame {
 public:
     ColourFrame(int width, int height)
-        : ActionFrame(nullptr, 0, width, height)
+        : ActionFrame(nullptr, ScreenshotEngine, width, height)
     {
     }
 
