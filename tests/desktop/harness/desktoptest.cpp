@@ -2,6 +2,8 @@
 
 #include "tests/desktop/harness/virtualserver.h"
 
+#include <QCoreApplication>
+#include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 
@@ -47,6 +49,16 @@ std::unique_ptr<XServer> DesktopTest::startServer()
     return std::make_unique<VirtualServer>();
 }
 
+void DesktopTest::leavePicture() const
+{
+    const QString name = QStringLiteral("%1-%2-%3.png")
+                             .arg(QString::fromLatin1(metaObject()->className()),
+                                  QString::fromLatin1(QTest::currentTestFunction()))
+                             .arg(QCoreApplication::applicationPid());
+    if (desktop->screen.grab().save(name))
+        qInfo("What the screen showed then: %s", qPrintable(QDir::current().filePath(name)));
+}
+
 void DesktopTest::init()
 {
     QTest::failOnWarning(QRegularExpression(QStringLiteral(".?")));
@@ -55,11 +67,13 @@ void DesktopTest::init()
     desktop.emplace(server->display());
     desktop->backdrop.fill(Qt::white);
     desktop->pointer.moveTo(StartPoint);
+    whenInVain([this] { leavePicture(); });
     furnish();
 }
 
 void DesktopTest::cleanup()
 {
+    whenInVain({});
     clearAway();
     manager.reset();
     desktop.reset();

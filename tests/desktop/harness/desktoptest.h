@@ -46,6 +46,10 @@ protected:
     std::optional<Desktop> desktop;
     std::optional<WindowManager> manager;
 
+private:
+    /// In the working directory, for whoever looks into a failed test.
+    void leavePicture() const;
+
 private slots:
     void init();
     void cleanup();

@@ -3,15 +3,23 @@
 #include <QTest>
 
 #include <chrono>
+#include <functional>
 
 /// How long a test waits for something that must happen, before it counts as failed: 20 seconds, times the number in
 /// the environment variable KORVEL_TEST_PATIENCE, for machines under a debugger or a heavy load.
 [[nodiscard]] std::chrono::milliseconds patience();
 
+/// What is done at the end of each wait in vain, for whoever looks into the reason.
+void whenInVain(std::function<void()> record);
+void waitedInVain();
+
 /// Looks at the condition every few milliseconds until it holds. False when the patience has run out.
 template <typename Condition> [[nodiscard]] bool eventually(Condition condition)
 {
-    return QTest::qWaitFor(condition, static_cast<int>(patience().count()));
+    const bool holds = QTest::qWaitFor(condition, static_cast<int>(patience().count()));
+    if (!holds)
+        waitedInVain();
+    return holds;
 }
 
 /// Fails the test function, naming the condition, unless it comes true in time.

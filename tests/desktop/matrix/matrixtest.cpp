@@ -88,7 +88,8 @@ bool MatrixTest::clickInto(const ClientWindow& window) const
 QList<QRect> MatrixTest::varyingShadows(QRect window)
 {
     constexpr int reach = 40; // device pixels
-    if (managerName() != "metacity-compositing" && managerName() != "mutter")
+    const QByteArrayList drawers{"marco-compositing", "metacity-compositing", "mutter"};
+    if (!drawers.contains(managerName()))
         return {};
     return {window.adjusted(-reach, -reach, reach, reach)};
 }

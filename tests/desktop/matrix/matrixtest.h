@@ -35,7 +35,7 @@ protected:
         return withoutPalette(desktop->screen.grab());
     }
     /// What is to be left out of comparisons around a window with the keyboard: the compositors of
-    /// metacity and mutter draw now one shadow and now another.
+    /// marco, metacity and mutter draw now one shadow and now another.
     [[nodiscard]] static QList<QRect> varyingShadows(QRect window);
     [[nodiscard]] QImage withoutPalette(const QImage& picture) const;
 
