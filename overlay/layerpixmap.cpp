@@ -1,29 +1,50 @@
 #include "overlay/layerpixmap.h"
 
+#include "os/uniformmemory.h"
+
 #include <QImage>
 #include <QtMath>
 
-#include <cstdlib>
+#include <memory>
+#include <utility>
 
 namespace Helpers::NQt {
 
 namespace {
 
-// Of memory that the system hands out zeroed and provides on first use: a layer as large as the screen
-// takes neither time nor memory where nothing is painted on it.
-QPixmap transparentPixmap(QSize pixels)
+using osUtils::System::UniformMemory;
+
+constexpr qsizetype bytesPerPixel = 4;
+/// From here on mapping memory costs less than filling it.
+constexpr qsizetype largeBytes = 1 << 20;
+
+void release(void* memory)
 {
-    constexpr size_t bytesPerPixel = 4;
-    const auto width = static_cast<size_t>(pixels.width());
-    const auto height = static_cast<size_t>(pixels.height());
-    auto* const zeroed = static_cast<uchar*>(std::calloc(height, width * bytesPerPixel));
-    if (!zeroed)
+    const std::unique_ptr<UniformMemory> owned(static_cast<UniformMemory*>(memory));
+    osUtils::System::releaseMemory(*owned);
+}
+
+// As large as the screen, and mostly never looked at: where nothing is painted on it, it shall take
+// neither time nor memory.
+QPixmap largePixmap(QSize pixels, const QColor& fill)
+{
+    const qsizetype bytesPerLine = pixels.width() * bytesPerPixel;
+    const UniformMemory memory = osUtils::System::uniformMemory(
+        static_cast<size_t>(bytesPerLine * pixels.height()), qPremultiply(fill.rgba()));
+    if (!memory.values)
         return {};
-    QImage image(zeroed, pixels.width(), pixels.height(),
-                 static_cast<qsizetype>(width * bytesPerPixel), QImage::Format_ARGB32_Premultiplied,
-                 std::free, zeroed);
+    QImage image(reinterpret_cast<uchar*>(memory.values), pixels.width(), pixels.height(),
+                 bytesPerLine, QImage::Format_ARGB32_Premultiplied, release,
+                 new UniformMemory(memory));
     // Without a look at the pixels, which would touch them all.
     return QPixmap::fromImage(std::move(image), Qt::NoFormatConversion);
+}
+
+QPixmap smallPixmap(QSize pixels, const QColor& fill)
+{
+    QPixmap pixmap(pixels);
+    pixmap.fill(fill);
+    return pixmap;
 }
 
 }
@@ -31,11 +52,9 @@ QPixmap transparentPixmap(QSize pixels)
 QPixmap layerPixmap(QSize size, qreal ratio, const QColor& fill)
 {
     const QSize pixels(qCeil(size.width() * ratio), qCeil(size.height() * ratio));
-    QPixmap layer = fill == QColor(Qt::transparent) && !pixels.isEmpty() ? transparentPixmap(pixels)
-                                                                         : QPixmap(pixels);
+    const qsizetype bytes = bytesPerPixel * pixels.width() * pixels.height();
+    QPixmap layer = bytes < largeBytes ? smallPixmap(pixels, fill) : largePixmap(pixels, fill);
     layer.setDevicePixelRatio(ratio);
-    if (fill != QColor(Qt::transparent))
-        layer.fill(fill);
     return layer;
 }
 

@@ -5,7 +5,8 @@
 
 namespace Helpers::NQt {
 
-/// A pixmap to paint on in logical pixels, with as many device pixels as the screen shows it with.
+/// A pixmap to paint on in logical pixels, with as many device pixels as the screen shows it with. A
+/// large one takes memory only where it is painted on.
 /// @param size  in logical pixels      @param ratio  device pixels for each logical pixel
 [[nodiscard]] QPixmap layerPixmap(QSize size, qreal ratio, const QColor& fill);
 

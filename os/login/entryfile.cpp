@@ -1,6 +1,6 @@
 #include "os/login/entryfile.h"
 
-#include "os/login/filedescriptor.h"
+#include "os/filedescriptor.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

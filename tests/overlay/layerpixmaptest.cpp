@@ -35,7 +35,8 @@ private slots:
     void aLayerIsFilled_data();
     void aLayerIsFilled();
     void aLayerIsPaintedOnInLogicalPixels();
-    void aTransparentLayerTakesMemoryOnlyWhereItIsPaintedOn();
+    void aLargeLayerTakesMemoryOnlyWhereItIsPaintedOn_data();
+    void aLargeLayerTakesMemoryOnlyWhereItIsPaintedOn();
     void anEmptyLayerIsNull();
 };
 
@@ -105,15 +106,25 @@ void LayerPixmapTest::aLayerIsPaintedOnInLogicalPixels()
     QCOMPARE(image.pixelColor(8, 11), QColor(Qt::white));
 }
 
-void LayerPixmapTest::aTransparentLayerTakesMemoryOnlyWhereItIsPaintedOn()
+void LayerPixmapTest::aLargeLayerTakesMemoryOnlyWhereItIsPaintedOn_data()
+{
+    QTest::addColumn<QColor>("fill");
+
+    QTest::newRow("transparent") << QColor(0, 0, 0, 0);
+    QTest::newRow("almost transparent") << QColor(0, 0, 0, 1);
+    QTest::newRow("opaque") << QColor(1, 2, 3);
+}
+
+void LayerPixmapTest::aLargeLayerTakesMemoryOnlyWhereItIsPaintedOn()
 {
     // given
-    constexpr QSize large(4096, 4096);
-    constexpr int itsMiB = 4096 * 4096 * 4 / 1024 / 1024;
+    QFETCH(QColor, fill);
+    constexpr QSize large(4095, 4096);
+    constexpr int itsMiB = 4095 * 4096 * 4 / 1024 / 1024;
     const int before = residentMiB();
 
     // when
-    QPixmap layer = layerPixmap(large, 1.0, Qt::transparent);
+    QPixmap layer = layerPixmap(large, 1.0, fill);
     QPainter(&layer).fillRect(100, 100, 200, 200, Qt::red);
 
     // then
@@ -121,7 +132,8 @@ void LayerPixmapTest::aTransparentLayerTakesMemoryOnlyWhereItIsPaintedOn()
     QVERIFY(layer.hasAlphaChannel());
     const QImage image = layer.toImage();
     QCOMPARE(image.pixelColor(150, 150), QColor(Qt::red));
-    QCOMPARE(image.pixelColor(4000, 4000), QColor(Qt::transparent));
+    QCOMPARE(image.pixelColor(0, 0), fill);
+    QCOMPARE(image.pixelColor(4094, 4095), fill);
 }
 
 void LayerPixmapTest::anEmptyLayerIsNull()

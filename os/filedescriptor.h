@@ -4,7 +4,7 @@
 
 #include <utility>
 
-namespace osUtils::Login {
+namespace osUtils {
 
 /// Owns an open file and closes it. Whether opening it succeeded is for the caller to ask.
 class FileDescriptor {

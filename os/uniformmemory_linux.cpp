@@ -1,0 +1,75 @@
+#include "os/uniformmemory.h"
+
+#include "os/filedescriptor.h"
+
+#include <algorithm>
+
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace osUtils::System {
+
+namespace {
+
+size_t roundedUp(size_t bytes, size_t unit)
+{
+    return (bytes + unit - 1) / unit * unit;
+}
+
+bool fill(int file, size_t bytes, uint32_t value)
+{
+    void* const all = mmap(nullptr, bytes, PROT_WRITE, MAP_SHARED, file, 0);
+    if (all == MAP_FAILED)
+        return false;
+    std::fill_n(static_cast<uint32_t*>(all), bytes / sizeof(uint32_t), value);
+    munmap(all, bytes);
+    return true;
+}
+
+/// Shows the file over and over in a range of addresses. Pages that are written to become copies.
+bool repeat(int file, size_t pieceBytes, std::byte* range, size_t bytes)
+{
+    for (size_t at = 0; at < bytes; at += pieceBytes) {
+        const void* piece = mmap(range + at, pieceBytes, PROT_READ | PROT_WRITE,
+                                 MAP_PRIVATE | MAP_FIXED, file, 0);
+        if (piece == MAP_FAILED)
+            return false;
+    }
+    return true;
+}
+
+bool fillRange(std::byte* range, size_t bytes, size_t pieceBytes, uint32_t value)
+{
+    const FileDescriptor piece(memfd_create("uniform", MFD_CLOEXEC));
+    return piece.isOpen() && ftruncate(piece.number(), static_cast<off_t>(pieceBytes)) == 0
+        && fill(piece.number(), pieceBytes, value) && repeat(piece.number(), pieceBytes, range, bytes);
+}
+
+}
+
+UniformMemory uniformMemory(size_t wanted, uint32_t value)
+{
+    // Long enough that a screen's worth is some dozens of mappings, of which a process has 65,530.
+    constexpr size_t longestPiece = 1U << 20U;
+    const size_t page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
+    const size_t pieceBytes = std::min(longestPiece, roundedUp(wanted, page));
+    const size_t bytes = pieceBytes ? roundedUp(wanted, pieceBytes) : 0;
+
+    void* const range =
+        mmap(nullptr, bytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (range == MAP_FAILED)
+        return {};
+    const UniformMemory memory{static_cast<uint32_t*>(range), bytes};
+    // The system's own pages are zero.
+    if (value == 0 || fillRange(static_cast<std::byte*>(range), bytes, pieceBytes, value))
+        return memory;
+    releaseMemory(memory);
+    return {};
+}
+
+void releaseMemory(const UniformMemory& memory)
+{
+    munmap(memory.values, memory.bytes);
+}
+
+}
