@@ -1,14 +1,47 @@
 #include "os/screenpicture.h"
 
 #include "os/screencover.h"
+#include "os/x11/connection.h"
+#include "os/x11/ownconnection.h"
 #include "os/x11/rootpicture.h"
 
 namespace osUtils::System {
 
-QImage screenPicture(const QScreen& screen)
+namespace {
+
+/// Over a connection of its own: on the toolkit's, every answer that it waits for would queue up
+/// behind the picture.
+QImage pictureApart(xcb_connection_t* toolkits, const QRect& place)
 {
-    const std::optional<QRect> place = deviceGeometry(screen);
-    return place ? X11::rootPicture(*place) : QImage();
+    const X11::OwnConnection own = X11::connectBeside(toolkits);
+    return own ? X11::rootPicture(own.get(), place) : QImage();
+}
+
+std::future<QImage> fetch(const QRect& place)
+{
+    try {
+        return std::async(std::launch::async, pictureApart, X11::connection(), place);
+    } catch (const std::system_error&) {
+        // No thread to be had: it is fetched when it is taken.
+        return {};
+    }
+}
+
+}
+
+ScreenPicture::ScreenPicture(const QScreen& screen)
+    : place(deviceGeometry(screen))
+{
+    if (place)
+        picture = fetch(*place);
+}
+
+QImage ScreenPicture::take()
+{
+    if (!place)
+        return {};
+    QImage fetched = picture.valid() ? picture.get() : QImage();
+    return fetched.isNull() ? X11::rootPicture(X11::connection(), *place) : fetched;
 }
 
 }

@@ -30,8 +30,8 @@ bool fill(int file, size_t bytes, uint32_t value)
 bool repeat(int file, size_t pieceBytes, std::byte* range, size_t bytes)
 {
     for (size_t at = 0; at < bytes; at += pieceBytes) {
-        const void* piece = mmap(range + at, pieceBytes, PROT_READ | PROT_WRITE,
-                                 MAP_PRIVATE | MAP_FIXED, file, 0);
+        const void* piece =
+            mmap(range + at, pieceBytes, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_FIXED, file, 0);
         if (piece == MAP_FAILED)
             return false;
     }
@@ -42,7 +42,8 @@ bool fillRange(std::byte* range, size_t bytes, size_t pieceBytes, uint32_t value
 {
     const FileDescriptor piece(memfd_create("uniform", MFD_CLOEXEC));
     return piece.isOpen() && ftruncate(piece.number(), static_cast<off_t>(pieceBytes)) == 0
-        && fill(piece.number(), pieceBytes, value) && repeat(piece.number(), pieceBytes, range, bytes);
+        && fill(piece.number(), pieceBytes, value)
+        && repeat(piece.number(), pieceBytes, range, bytes);
 }
 
 }

@@ -1,91 +1,107 @@
 #include "overlay/desktopgrab.h"
 
 #include "os/screencover.h"
-#include "os/screenpicture.h"
 #include "overlay/screengeometry.h"
 
 #include <QGuiApplication>
 #include <QPainter>
-#include <QScreen>
 
 #include <utility>
-#include <vector>
 
 namespace Helpers::NQt {
 
 namespace {
 
 /// One screen's picture and its place, both in device pixels.
-struct ScreenPicture {
+struct PlacedPicture {
     QPixmap picture;
     QPoint origin;
 
     QRect rect() const { return {origin, picture.size()}; }
 };
 
-QPixmap pictureOf(QScreen& screen)
+QRect rectAround(const std::vector<PlacedPicture>& pictures)
 {
-    QImage direct = osUtils::System::screenPicture(screen);
-    if (direct.isNull())
-        return screen.grabWindow(0);
-    QPixmap picture = QPixmap::fromImage(std::move(direct), Qt::NoFormatConversion);
-    picture.setDevicePixelRatio(screen.devicePixelRatio());
-    return picture;
+    QRect all;
+    for (const PlacedPicture& part : pictures)
+        all |= part.rect();
+    return all;
 }
 
-// A grab without a size ends exactly at the screen's edge. One with a size is rounded from logical
-// pixels and can miss the last column at a fractional ratio.
-ScreenPicture grabScreen(QScreen& screen)
+QPixmap composed(const std::vector<PlacedPicture>& pictures, const QRect& area)
 {
-    ScreenPicture grabbed{pictureOf(screen), screen.geometry().topLeft()};
-    grabbed.picture.setDevicePixelRatio(1.0);
-    return grabbed;
-}
-
-std::vector<ScreenPicture> grabScreens()
-{
-    std::vector<ScreenPicture> pictures;
-    for (QScreen* screen : QGuiApplication::screens()) {
-        ScreenPicture grabbed = grabScreen(*screen);
-        if (!grabbed.picture.isNull())
-            pictures.push_back(std::move(grabbed));
-    }
-    return pictures;
-}
-
-QPixmap composed(const std::vector<ScreenPicture>& pictures, const QRect& area, qreal ratio)
-{
-    if (pictures.empty())
-        return {};
+    // As it is, without a copy.
+    if (pictures.size() == 1 && pictures.front().rect() == area)
+        return pictures.front().picture;
     QPixmap whole(area.size());
     if (whole.isNull())
         return {};
     whole.fill(Qt::black);
     QPainter painter(&whole);
-    for (const ScreenPicture& part : pictures)
+    for (const PlacedPicture& part : pictures)
         painter.drawPixmap(part.origin - area.topLeft(), part.picture);
-    painter.end();
-    whole.setDevicePixelRatio(ratio);
     return whole;
 }
 
 }
 
-QPixmap grabArea(const QRect& area, QScreen& screen)
+DesktopGrab::ScreenGrab::ScreenGrab(QScreen& grabbed)
+    : screen(&grabbed)
+    , topLeft(grabbed.geometry().topLeft())
+    , direct(grabbed)
 {
-    if (area == osUtils::System::coveringGeometry(screen))
-        return pictureOf(screen);
-    const qreal ratio = screen.devicePixelRatio();
-    return composed(grabScreens(), deviceRect(area, screen.geometry().topLeft(), ratio), ratio);
+    if (!direct.isOnItsWay())
+        indirect = grabbed.grabWindow(0);
 }
 
-QPixmap grabDesktop(const QScreen& screen)
+QPixmap DesktopGrab::ScreenGrab::take()
 {
-    const std::vector<ScreenPicture> pictures = grabScreens();
-    QRect desktop;
-    for (const ScreenPicture& part : pictures)
-        desktop |= part.rect();
-    return composed(pictures, desktop, screen.devicePixelRatio());
+    QImage fetched = direct.take();
+    if (!fetched.isNull())
+        return QPixmap::fromImage(std::move(fetched), Qt::NoFormatConversion);
+    // A grab without a size ends exactly at the screen's edge. One with a size is rounded from logical
+    // pixels and can miss the last column at a fractional ratio.
+    QPixmap grabbed = direct.isOnItsWay() && screen ? screen->grabWindow(0) : indirect;
+    grabbed.setDevicePixelRatio(1.0);
+    return grabbed;
+}
+
+DesktopGrab::DesktopGrab(const QList<QScreen*>& screens, std::optional<QRect> wanted,
+                         qreal devicePixelRatio)
+    : area(wanted)
+    , ratio(devicePixelRatio)
+{
+    for (QScreen* screen : screens)
+        parts.emplace_back(*screen);
+}
+
+DesktopGrab DesktopGrab::ofArea(const QRect& area, QScreen& screen)
+{
+    const qreal ratio = screen.devicePixelRatio();
+    if (area == osUtils::System::coveringGeometry(screen))
+        return {{&screen}, std::nullopt, ratio};
+    return {QGuiApplication::screens(), deviceRect(area, screen.geometry().topLeft(), ratio),
+            ratio};
+}
+
+DesktopGrab DesktopGrab::ofDesktop(const QScreen& screen)
+{
+    return {QGuiApplication::screens(), std::nullopt, screen.devicePixelRatio()};
+}
+
+QPixmap DesktopGrab::take()
+{
+    std::vector<PlacedPicture> pictures;
+    for (ScreenGrab& part : parts) {
+        PlacedPicture placed{part.take(), part.origin()};
+        if (!placed.picture.isNull())
+            pictures.push_back(std::move(placed));
+    }
+    if (pictures.empty())
+        return {};
+    QPixmap picture = composed(pictures, area.value_or(rectAround(pictures)));
+    picture.setDevicePixelRatio(ratio);
+    return picture;
 }
 
 }

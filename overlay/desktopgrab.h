@@ -1,21 +1,58 @@
 #pragma once
 
+#include "os/screenpicture.h"
+
+#include <QList>
 #include <QPixmap>
+#include <QPointer>
 #include <QRect>
+#include <QScreen>
 
-class QScreen;
+#include <optional>
+#include <vector>
 
-/// Pictures of what the screens show now, pixel for pixel, with the device pixel ratio of the screen
-/// that they are to be shown on. A picture is null where the window system refuses it.
 namespace Helpers::NQt {
 
-/// Picture of an area, put together from the screens that it touches; black where there is none.
-/// @param area  in logical desktop coordinates
-/// @param screen  the screen that the area begins on and that will show the picture
-[[nodiscard]] QPixmap grabArea(const QRect& area, QScreen& screen);
+/// Picture of what the screens show, pixel for pixel, with the device pixel ratio of the screen that it
+/// is to be shown on. It is on its way from construction on, and there when it is taken.
+class DesktopGrab {
+public:
+    /// Of an area, put together from the screens that it touches; black where there is none.
+    /// @param area  in logical desktop coordinates
+    /// @param screen  the screen that the area begins on and that will show the picture
+    [[nodiscard]] static DesktopGrab ofArea(const QRect& area, QScreen& screen);
+    /// Of all screens, from the top-left corner of the rectangle around them.
+    /// @param screen  the screen that will show the picture
+    [[nodiscard]] static DesktopGrab ofDesktop(const QScreen& screen);
 
-/// Picture of all screens, from the top-left corner of the rectangle around them.
-/// @param screen  the screen that will show the picture
-[[nodiscard]] QPixmap grabDesktop(const QScreen& screen);
+    /// To be taken once, before a window is shown that shall not be on it.
+    /// @return  null where the window system refuses it
+    [[nodiscard]] QPixmap take();
+
+private:
+    /// One screen's part of it.
+    class ScreenGrab {
+    public:
+        explicit ScreenGrab(QScreen& screen);
+
+        /// Its place on the desktop, in device pixels.
+        [[nodiscard]] QPoint origin() const { return topLeft; }
+        /// With a device pixel ratio of 1.
+        [[nodiscard]] QPixmap take();
+
+    private:
+        QPointer<QScreen> screen;
+        QPoint topLeft;
+        osUtils::System::ScreenPicture direct;
+        QPixmap indirect;
+    };
+
+    /// @param area  in device pixels; without a value as much as the screens take
+    DesktopGrab(const QList<QScreen*>& screens, std::optional<QRect> area, qreal ratio);
+
+    std::vector<ScreenGrab> parts;
+    std::optional<QRect> area;
+    qreal ratio;
+};
 
 }

@@ -1,11 +1,12 @@
 #include "overlay/frameenginess.h"
 
-#include "overlay/desktopgrab.h"
 #include "overlay/transparentframe.h"
 
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
+
+#include <utility>
 
 namespace Helpers::NQt {
 
@@ -33,12 +34,19 @@ void FrameEngineSS::printScreen()
 {
     QScreen* const home =
         QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
+    pixmap = QPixmap();
+    coming.reset();
     if (!home)
-        pixmap = QPixmap();
-    else if (screen == wholeDesktopScreen)
-        pixmap = grabDesktop(*home);
-    else
-        pixmap = grabArea(frame->geometry(), *home);
+        return;
+    coming = screen == wholeDesktopScreen ? DesktopGrab::ofDesktop(*home)
+                                          : DesktopGrab::ofArea(frame->geometry(), *home);
+}
+
+QPixmap* FrameEngineSS::background()
+{
+    if (coming)
+        pixmap = std::exchange(coming, std::nullopt)->take();
+    return &pixmap;
 }
 
 void FrameEngineSS::paint(QPaintDevice* device)
@@ -66,7 +74,7 @@ void FrameEngineSS::drawBack(QPainter* painter, QPoint at, QRectF source)
     const QPointF origin = QPointF(at) - source.topLeft();
     painter->save();
     painter->setClipRect(source.translated(origin), Qt::IntersectClip);
-    painter->drawPixmap(origin, pixmap);
+    painter->drawPixmap(origin, *background());
     painter->restore();
 }
 

@@ -1,8 +1,11 @@
 #pragma once
 
+#include "overlay/desktopgrab.h"
 #include "overlay/frameengine.h"
 
 #include <QPixmap>
+
+#include <optional>
 
 class QPainter;
 
@@ -17,10 +20,12 @@ public:
     ~FrameEngineSS() override = default;
 
     /// Takes a new picture of the frame's place. The frame must not be visible, or it is part of it.
+    /// Returns while the picture is still on its way.
     void init() override;
     void paint(QPaintDevice* device) override;
-    /// The picture; null inside until the first init() and after a failed one.
-    QPixmap* background() override { return &pixmap; }
+    /// The picture; null inside until the first init() and after a failed one. Waits for a new one, which
+    /// must not happen later than when the frame is shown.
+    QPixmap* background() override;
 
     /// Draws a part of the picture, pixel for pixel.
     /// @param at  place of the part's top-left corner on the target, logical pixels
@@ -32,6 +37,7 @@ public:
 private:
     void printScreen();
 
+    std::optional<DesktopGrab> coming;
     QPixmap pixmap;
     int screen;
 };

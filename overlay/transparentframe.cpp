@@ -98,6 +98,13 @@ void TransparentFrame::mousePressEvent(QMouseEvent* /*event*/)
     updateCursor();
 }
 
+void TransparentFrame::showEvent(QShowEvent* event)
+{
+    // From here on a picture of the screen would be one of the frame.
+    engine->background();
+    QMainWindow::showEvent(event);
+}
+
 void TransparentFrame::paintEvent(QPaintEvent* event)
 {
     engine->paint(this);

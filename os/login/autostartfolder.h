@@ -1,7 +1,7 @@
 #pragma once
 
-#include "os/login/autostartentry.h"
 #include "os/filedescriptor.h"
+#include "os/login/autostartentry.h"
 #include "os/login/loginitem.h"
 
 #include <string>

@@ -2,6 +2,7 @@
 
 #include "os/process/timelimit.h"
 #include "os/process/xwindows.h"
+#include "os/x11/ownconnection.h"
 
 #include <QGuiApplication>
 
@@ -38,17 +39,12 @@ xcb_window_t rootWindow(xcb_connection_t* connection, int screen)
     return screens.data->root;
 }
 
-struct Disconnect {
-    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-};
-
 /// Asks over a connection made for this one question.
 template <typename Answer>
 std::optional<Answer> askDisplay(const std::string& display, const Question<Answer>& question)
 {
     int screen = 0;
-    const std::unique_ptr<xcb_connection_t, Disconnect> connection(
-        xcb_connect(display.c_str(), &screen));
+    const X11::OwnConnection connection(xcb_connect(display.c_str(), &screen));
     if (xcb_connection_has_error(connection.get()))
         return std::nullopt;
     return question(XWindows(connection.get(), rootWindow(connection.get(), screen)));

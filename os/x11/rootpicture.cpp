@@ -1,6 +1,5 @@
 #include "os/x11/rootpicture.h"
 
-#include "os/x11/connection.h"
 #include "os/x11/replypointer.h"
 
 #include <QSysInfo>
@@ -54,16 +53,17 @@ bool hasToolkitsPixels(const xcb_setup_t& setup)
 
 }
 
-QImage rootPicture(const QRect& area)
+QImage rootPicture(xcb_connection_t* server, const QRect& area)
 {
-    if (area.isEmpty() || !hasToolkitsPixels(*xcb_get_setup(connection())))
+    const xcb_setup_t& setup = *xcb_get_setup(server);
+    if (area.isEmpty() || !hasToolkitsPixels(setup))
         return {};
     constexpr uint32_t allPlanes = ~0U;
     const auto cookie = xcb_get_image(
-        connection(), XCB_IMAGE_FORMAT_Z_PIXMAP, rootWindow(), static_cast<int16_t>(area.x()),
-        static_cast<int16_t>(area.y()), static_cast<uint16_t>(area.width()),
-        static_cast<uint16_t>(area.height()), allPlanes);
-    ReplyPointer<xcb_get_image_reply_t> reply(xcb_get_image_reply(connection(), cookie, nullptr));
+        server, XCB_IMAGE_FORMAT_Z_PIXMAP, xcb_setup_roots_iterator(&setup).data->root,
+        static_cast<int16_t>(area.x()), static_cast<int16_t>(area.y()),
+        static_cast<uint16_t>(area.width()), static_cast<uint16_t>(area.height()), allPlanes);
+    ReplyPointer<xcb_get_image_reply_t> reply(xcb_get_image_reply(server, cookie, nullptr));
     const qsizetype pixels = qsizetype{area.width()} * area.height();
     if (!reply || xcb_get_image_data_length(reply.get()) != pixels * qsizetype{sizeof(QRgb)})
         return {};

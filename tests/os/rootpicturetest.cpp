@@ -8,8 +8,6 @@
 
 #include <algorithm>
 
-using osUtils::X11::rootPicture;
-
 /// Pictures of a server's screen on which every pixel is known. In device pixels at every scale.
 class RootPictureTest : public QObject {
     Q_OBJECT
@@ -24,6 +22,11 @@ private slots:
     void beyondTheScreenThereIsNoPicture();
 
 private:
+    [[nodiscard]] QImage rootPicture(const QRect& area) const
+    {
+        return osUtils::X11::rootPicture(x.raw(), area);
+    }
+
     const XConnection x{qgetenv("DISPLAY")};
     const Backdrop backdrop{x};
 };

@@ -79,7 +79,7 @@ QRect DesktopGrabTest::toPixels(const QRect& logical) const
 void DesktopGrabTest::theScreenIsGrabbedOneToOne()
 {
     // when
-    const QPixmap picture = grabArea(screen->geometry(), *screen);
+    const QPixmap picture = DesktopGrab::ofArea(screen->geometry(), *screen).take();
 
     // then
     QCOMPARE(picture.devicePixelRatio(), screen->devicePixelRatio());
@@ -89,7 +89,7 @@ void DesktopGrabTest::theScreenIsGrabbedOneToOne()
 void DesktopGrabTest::theDesktopIsGrabbedOneToOne()
 {
     // when
-    const QPixmap picture = grabDesktop(*screen);
+    const QPixmap picture = DesktopGrab::ofDesktop(*screen).take();
 
     // then
     QCOMPARE(picture.devicePixelRatio(), screen->devicePixelRatio());
@@ -111,7 +111,7 @@ void DesktopGrabTest::aPartIsGrabbedOneToOne()
     QFETCH(QRect, area);
 
     // when
-    const QPixmap picture = grabArea(area, *screen);
+    const QPixmap picture = DesktopGrab::ofArea(area, *screen).take();
 
     // then
     QCOMPARE(picture.devicePixelRatio(), screen->devicePixelRatio());
@@ -124,7 +124,7 @@ void DesktopGrabTest::outsideTheScreenThereIsBlack()
     const QRect area(-10, -20, 40, 60);
 
     // when
-    const QPixmap picture = grabArea(area, *screen);
+    const QPixmap picture = DesktopGrab::ofArea(area, *screen).take();
 
     // then
     QCOMPARE(pixels(picture), pattern.copy(toPixels(area)));
@@ -133,18 +133,18 @@ void DesktopGrabTest::outsideTheScreenThereIsBlack()
 
 void DesktopGrabTest::anEmptyAreaIsNoPicture()
 {
-    QVERIFY(grabArea(QRect(5, 5, 0, 0), *screen).isNull());
-    QVERIFY(grabArea(QRect(5, 5, 10, 0), *screen).isNull());
+    QVERIFY(DesktopGrab::ofArea(QRect(5, 5, 0, 0), *screen).take().isNull());
+    QVERIFY(DesktopGrab::ofArea(QRect(5, 5, 10, 0), *screen).take().isNull());
 }
 
 void DesktopGrabTest::thePictureShowsTheScreenAsItIsNow()
 {
     // given
-    const QPixmap before = grabArea(QRect(0, 0, 4, 4), *screen);
+    const QPixmap before = DesktopGrab::ofArea(QRect(0, 0, 4, 4), *screen).take();
 
     // when
     backdrop.fill(QColor(1, 2, 3));
-    const QPixmap after = grabArea(QRect(0, 0, 4, 4), *screen);
+    const QPixmap after = DesktopGrab::ofArea(QRect(0, 0, 4, 4), *screen).take();
 
     // then
     QCOMPARE(pixels(before).pixelColor(1, 0), QColor(1, 0, 0));

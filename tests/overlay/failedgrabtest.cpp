@@ -44,9 +44,9 @@ void FailedGrabTest::aPictureIsNull()
     QScreen& screen = *QGuiApplication::primaryScreen();
 
     // then
-    QVERIFY(grabArea(screen.geometry(), screen).isNull());
-    QVERIFY(grabArea(QRect(1, 2, 3, 4), screen).isNull());
-    QVERIFY(grabDesktop(screen).isNull());
+    QVERIFY(DesktopGrab::ofArea(screen.geometry(), screen).take().isNull());
+    QVERIFY(DesktopGrab::ofArea(QRect(1, 2, 3, 4), screen).take().isNull());
+    QVERIFY(DesktopGrab::ofDesktop(screen).take().isNull());
 }
 
 void FailedGrabTest::onlyTheContentIsPainted()

@@ -121,7 +121,7 @@ void MonitorsTest::thePointersScreenIsFound()
 void MonitorsTest::theWholeDesktopIsPutTogether()
 {
     // when
-    const QPixmap picture = grabDesktop(*second);
+    const QPixmap picture = DesktopGrab::ofDesktop(*second).take();
 
     // then
     QCOMPARE(picture.devicePixelRatio(), second->devicePixelRatio());
@@ -145,7 +145,7 @@ void MonitorsTest::aScreenIsGrabbedAlone()
     QScreen& wanted = *QGuiApplication::screens()[screen];
 
     // when
-    const QPixmap picture = grabArea(wanted.geometry(), wanted);
+    const QPixmap picture = DesktopGrab::ofArea(wanted.geometry(), wanted).take();
 
     // then
     QCOMPARE(picture.devicePixelRatio(), wanted.devicePixelRatio());
@@ -159,7 +159,7 @@ void MonitorsTest::aPartOfTheSecondScreenIsGrabbed()
     const QRect area(second->geometry().topLeft() + QPoint(10, 20), QSize(100, 50));
 
     // when
-    const QPixmap picture = grabArea(area, *second);
+    const QPixmap picture = DesktopGrab::ofArea(area, *second).take();
 
     // then
     const QRect place(right.topLeft() + (QPointF(10, 20) * ratio).toPoint(),
@@ -176,7 +176,7 @@ void MonitorsTest::anAreaOverBothIsPutTogether()
                      (QSizeF(place.size()) / ratio).toSize());
 
     // when
-    const QPixmap picture = grabArea(area, *first);
+    const QPixmap picture = DesktopGrab::ofArea(area, *first).take();
 
     // then
     QCOMPARE(picture.devicePixelRatio(), ratio);
