@@ -4,6 +4,7 @@
 #include "os/x11/connection.h"
 #include "os/x11/ownconnection.h"
 #include "os/x11/rootpicture.h"
+#include "os/x11/sharedpicture.h"
 
 namespace osUtils::System {
 
@@ -14,7 +15,10 @@ namespace {
 QImage pictureApart(xcb_connection_t* toolkits, const QRect& place)
 {
     const X11::OwnConnection own = X11::connectBeside(toolkits);
-    return own ? X11::rootPicture(own.get(), place) : QImage();
+    if (!own)
+        return {};
+    QImage shared = X11::sharedRootPicture(own.get(), place);
+    return shared.isNull() ? X11::rootPicture(own.get(), place) : shared;
 }
 
 std::future<QImage> fetch(const QRect& place)

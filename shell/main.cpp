@@ -1,3 +1,4 @@
+#include "os/fontpreload.h"
 #include "pen/penframe.h"
 #include "pen/pentoolbar.h"
 #include "shell/fatalmessages.h"
@@ -10,6 +11,7 @@ int main(int argc, char** argv)
 {
     constexpr int freehand = 0;
 
+    const osUtils::System::FontPreload fonts;
     endOnFatalMessages();
     QSettings settings("Varnholt", "Korvel");
     settings.setValue("langFile", "vellumcraft");

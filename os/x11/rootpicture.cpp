@@ -1,57 +1,11 @@
 #include "os/x11/rootpicture.h"
 
+#include "os/x11/pixellayout.h"
 #include "os/x11/replypointer.h"
 
-#include <QSysInfo>
-
-#include <algorithm>
 #include <cstdlib>
 
 namespace osUtils::X11 {
-
-namespace {
-
-constexpr uint8_t trueColourDepth = 24;
-constexpr uint8_t bitsPerPixel = 32;
-constexpr QRgb opaque = 0xff000000;
-
-const xcb_visualtype_t* visualOf(const xcb_screen_t& screen)
-{
-    for (auto depth = xcb_screen_allowed_depths_iterator(&screen); depth.rem;
-         xcb_depth_next(&depth)) {
-        for (auto visual = xcb_depth_visuals_iterator(depth.data); visual.rem;
-             xcb_visualtype_next(&visual)) {
-            if (visual.data->visual_id == screen.root_visual)
-                return visual.data;
-        }
-    }
-    return nullptr;
-}
-
-bool hasWidePixels(const xcb_setup_t& setup)
-{
-    for (auto format = xcb_setup_pixmap_formats_iterator(&setup); format.rem;
-         xcb_format_next(&format)) {
-        if (format.data->depth == trueColourDepth)
-            return format.data->bits_per_pixel == bitsPerPixel;
-    }
-    return false;
-}
-
-/// Whether the server's pixels are laid out as the toolkit's of 32 bits.
-bool hasToolkitsPixels(const xcb_setup_t& setup)
-{
-    const xcb_screen_t& screen = *xcb_setup_roots_iterator(&setup).data;
-    constexpr auto ownOrder = QSysInfo::ByteOrder == QSysInfo::LittleEndian
-        ? XCB_IMAGE_ORDER_LSB_FIRST
-        : XCB_IMAGE_ORDER_MSB_FIRST;
-    const xcb_visualtype_t* visual = visualOf(screen);
-    return setup.image_byte_order == ownOrder && screen.root_depth == trueColourDepth && visual
-        && visual->red_mask == 0xff0000 && visual->green_mask == 0xff00 && visual->blue_mask == 0xff
-        && hasWidePixels(setup);
-}
-
-}
 
 QImage rootPicture(xcb_connection_t* server, const QRect& area)
 {
@@ -69,9 +23,7 @@ QImage rootPicture(xcb_connection_t* server, const QRect& area)
         return {};
 
     uchar* const data = xcb_get_image_data(reply.get());
-    // The server leaves open what is in the byte that no colour uses.
-    auto* const first = reinterpret_cast<QRgb*>(data);
-    std::transform(first, first + pixels, first, [](QRgb pixel) { return pixel | opaque; });
+    makeOpaque({reinterpret_cast<QRgb*>(data), static_cast<size_t>(pixels)});
     return {data,
             area.width(),
             area.height(),

@@ -1,4 +1,5 @@
 #include "os/x11/rootpicture.h"
+#include "os/x11/sharedpicture.h"
 
 #include "tests/desktop/harness/backdrop.h"
 #include "tests/desktop/harness/xconnection.h"
@@ -8,11 +9,13 @@
 
 #include <algorithm>
 
-/// Pictures of a server's screen on which every pixel is known. In device pixels at every scale.
+/// Pictures of a server's screen on which every pixel is known, by both ways. In device pixels at every
+/// scale.
 class RootPictureTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void initTestCase_data();
     void init();
     void anAreaIsPicturedPixelForPixel_data();
     void anAreaIsPicturedPixelForPixel();
@@ -24,12 +27,22 @@ private slots:
 private:
     [[nodiscard]] QImage rootPicture(const QRect& area) const
     {
-        return osUtils::X11::rootPicture(x.raw(), area);
+        QFETCH_GLOBAL(bool, shared);
+        return shared ? osUtils::X11::sharedRootPicture(x.raw(), area)
+                      : osUtils::X11::rootPicture(x.raw(), area);
     }
 
     const XConnection x{qgetenv("DISPLAY")};
     const Backdrop backdrop{x};
 };
+
+void RootPictureTest::initTestCase_data()
+{
+    QTest::addColumn<bool>("shared");
+
+    QTest::newRow("through the connection") << false;
+    QTest::newRow("in shared memory") << true;
+}
 
 void RootPictureTest::init()
 {
