@@ -25,17 +25,18 @@ ResultsFile::ResultsFile(const QString& filePath, const QList<QByteArray>& rows)
         const qsizetype next = text.indexOf(Heading, start + Heading.size());
         const QByteArray section = text.mid(start, next < 0 ? -1 : next - start);
         const qsizetype nameEnd = section.indexOf('\n', Heading.size());
-        setSection(section.mid(Heading.size(), nameEnd - Heading.size()),
-                   section.mid(nameEnd).trimmed());
+        const QByteArray name = section.mid(Heading.size(), nameEnd - Heading.size());
+        if (order.contains(name))
+            setSection(name, section.mid(nameEnd).trimmed());
+        else
+            writtenByHand += section.trimmed().prepend('\n') + '\n';
         start = next;
     }
 }
 
 void ResultsFile::setSection(const QByteArray& row, const QByteArray& text)
 {
-    const qsizetype place = order.indexOf(row);
-    if (place >= 0) // that of a row that there is no longer is dropped
-        sections[place] = text;
+    sections[order.indexOf(row)] = text;
 }
 
 bool ResultsFile::save() const
@@ -45,6 +46,7 @@ bool ResultsFile::save() const
         if (!sections.at(place).isEmpty())
             text += Heading + order.at(place) + "\n\n" + sections.at(place).trimmed() + '\n';
     }
+    text += writtenByHand;
     QFile file(path);
     return file.open(QFile::WriteOnly) && file.write(text) == text.size();
 }

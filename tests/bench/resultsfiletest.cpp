@@ -45,7 +45,8 @@ void ResultsFileTest::otherSectionsStay()
     // Given
     QFile old(path());
     QVERIFY(old.open(QFile::WriteOnly));
-    old.write("# Results\n\n## slow\n\nold\n\nlines\n\n## gone\n\nold\n");
+    old.write("# Results\n\n## slow\n\nold\n\nlines\n\n## What it means\n\nMuch.\n\nMore.\n\n## "
+              "End\n\nx\n");
     old.close();
 
     // When
@@ -54,7 +55,10 @@ void ResultsFileTest::otherSectionsStay()
 
     // Then
     QVERIFY(file.save());
-    QCOMPARE(contents(), "# Results\n\n## fast\n\nnew\n\n## slow\n\nold\n\nlines\n");
+    QCOMPARE(contents(),
+             "# Results\n\n## fast\n\nnew\n\n## slow\n\nold\n\nlines\n\n## What it "
+             "means\n\nMuch.\n\nMore."
+             "\n\n## End\n\nx\n");
 }
 
 void ResultsFileTest::aFolderThatIsNotThereIsToldOf()
