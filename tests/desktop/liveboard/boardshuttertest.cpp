@@ -20,9 +20,10 @@ private:
     {
         return palette().movedBy(dragged).at(inside);
     }
+    /// To the end: right beside the handle. The window manager needs a moment for the window's new shape.
     [[nodiscard]] bool isClosed() const
     {
-        return colourAt(onPalette({280, 60})) == backgroundColour;
+        return colourAt(onPalette({45, 60})) == backgroundColour;
     }
     [[nodiscard]] bool isOpen() const
     {
