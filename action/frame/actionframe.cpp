@@ -7,6 +7,7 @@
 #include "overlay/nativewindow.h"
 #include "overlay/windowutils.h"
 
+#include <QBackingStore>
 #include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineF>
@@ -26,7 +27,7 @@ constexpr int manyRectangles = 50;
 
 ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
     : TransparentFrame(parent, engineType, width, height)
-    , movePace(new RepaintPace([this] { repaintDirty(); }, this))
+    , movePace(new RepaintPace([this] { repaintDirty(); }, [this] { awaitTransfer(); }, this))
 {
     connect(QCoreApplication::instance(), SIGNAL(aboutToQuit()), QCoreApplication::instance(),
             SLOT(quit()));
@@ -152,10 +153,24 @@ void ActionFrame::markDirty(const QRegion& region)
 void ActionFrame::repaintDirty()
 {
     movePace->allRepainted();
-    if (tracksDirtyRegion)
-        repaint(std::exchange(dirtyRegion, {}));
-    else
+    if (!tracksDirtyRegion) {
         repaint();
+        return;
+    }
+    lastRepainted = dirtyRegion.boundingRect();
+    repaint(std::exchange(dirtyRegion, {}));
+}
+
+void ActionFrame::awaitTransfer()
+{
+    // The toolkit paints in memory that the window system reads. Before it paints again where it has
+    // shown something last, it asks whether that has been read, which takes as long as the paint. Begun
+    // now, between two moves of the hand, the next one need not wait for it. (Where the frame is
+    // translucent, to begin a paint is to clear.)
+    if (!backingStore() || lastRepainted.isEmpty() || testAttribute(Qt::WA_TranslucentBackground))
+        return;
+    backingStore()->beginPaint(lastRepainted & rect());
+    backingStore()->endPaint();
 }
 
 void ActionFrame::repaintMove(const QMouseEvent& move)

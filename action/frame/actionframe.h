@@ -66,9 +66,12 @@ protected:
     bool mouseTransparent = false;
 
 private:
+    void awaitTransfer();
+
     RepaintPace* movePace;
     bool tracksDirtyRegion = false;
     QRegion dirtyRegion;
+    QRect lastRepainted;
 };
 
 }

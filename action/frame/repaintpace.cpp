@@ -6,9 +6,11 @@
 
 namespace VcAction::Frame {
 
-RepaintPace::RepaintPace(std::function<void()> repaintChanges, QObject* parent)
+RepaintPace::RepaintPace(std::function<void()> repaintChanges, std::function<void()> prepareNext,
+                         QObject* parent)
     : QObject(parent)
     , repaint(std::move(repaintChanges))
+    , prepare(std::move(prepareNext))
 {
     // Of the dispatchers one tells the end of its turn by the first, another by the second.
     connect(QAbstractEventDispatcher::instance(), SIGNAL(awake()), this, SLOT(endTurn()));
@@ -35,7 +37,8 @@ void RepaintPace::endTurn()
 {
     if (turn == Turn::Behind)
         repaint();
-    turn = Turn::Fresh;
+    if (std::exchange(turn, Turn::Fresh) != Turn::Fresh)
+        prepare();
 }
 
 }

@@ -13,7 +13,8 @@ class RepaintPace : public QObject {
 
 public:
     /// @param repaint  repaints what has changed since the last time
-    RepaintPace(std::function<void()> repaint, QObject* parent);
+    /// @param prepare  called when a turn with repaints has ended, for what would hold up the next one
+    RepaintPace(std::function<void()> repaint, std::function<void()> prepare, QObject* parent);
 
     /// Repaints now or when the turn ends.
     void ask();
@@ -27,6 +28,7 @@ private:
     enum class Turn { Fresh, Painted, Behind };
 
     std::function<void()> repaint;
+    std::function<void()> prepare;
     Turn turn = Turn::Fresh;
 };
 
