@@ -1,19 +1,16 @@
 #include "os/fontpreload.h"
 
-#include <fontconfig/fontconfig.h>
+#include "os/background.h"
 
-#include <system_error>
+#include <fontconfig/fontconfig.h>
 
 namespace osUtils::System {
 
+// What the library has read it keeps for the whole program. If it cannot be read beside the start, the
+// toolkit has it read when it needs it.
 FontPreload::FontPreload()
+    : listing(inBackground([] { FcInit(); }))
 {
-    try {
-        // What the library has read it keeps for the whole program.
-        listing = std::async(std::launch::async, [] { FcInit(); });
-    } catch (const std::system_error&) {
-        // No thread to be had: the toolkit does it when it needs them.
-    }
 }
 
 }

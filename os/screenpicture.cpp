@@ -1,5 +1,6 @@
 #include "os/screenpicture.h"
 
+#include "os/background.h"
 #include "os/screencover.h"
 #include "os/x11/connection.h"
 #include "os/x11/ownconnection.h"
@@ -21,23 +22,14 @@ QImage pictureApart(xcb_connection_t* toolkits, const QRect& place)
     return shared.isNull() ? X11::rootPicture(own.get(), place) : shared;
 }
 
-std::future<QImage> fetch(const QRect& place)
-{
-    try {
-        return std::async(std::launch::async, pictureApart, X11::connection(), place);
-    } catch (const std::system_error&) {
-        // No thread to be had: it is fetched when it is taken.
-        return {};
-    }
-}
-
 }
 
 ScreenPicture::ScreenPicture(const QScreen& screen)
     : place(deviceGeometry(screen))
 {
     if (place)
-        picture = fetch(*place);
+        picture = inBackground(
+            [server = X11::connection(), area = *place] { return pictureApart(server, area); });
 }
 
 QImage ScreenPicture::take()

@@ -1,6 +1,6 @@
 #include "os/uniformmemory.h"
 
-#include "os/filedescriptor.h"
+#include "os/sharedmemory.h"
 
 #include <algorithm>
 
@@ -14,16 +14,6 @@ namespace {
 size_t roundedUp(size_t bytes, size_t unit)
 {
     return (bytes + unit - 1) / unit * unit;
-}
-
-bool fill(int file, size_t bytes, uint32_t value)
-{
-    void* const all = mmap(nullptr, bytes, PROT_WRITE, MAP_SHARED, file, 0);
-    if (all == MAP_FAILED)
-        return false;
-    std::fill_n(static_cast<uint32_t*>(all), bytes / sizeof(uint32_t), value);
-    munmap(all, bytes);
-    return true;
 }
 
 /// Shows the file over and over in a range of addresses. Pages that are written to become copies.
@@ -40,10 +30,11 @@ bool repeat(int file, size_t pieceBytes, std::byte* range, size_t bytes)
 
 bool fillRange(std::byte* range, size_t bytes, size_t pieceBytes, uint32_t value)
 {
-    const FileDescriptor piece(memfd_create("uniform", MFD_CLOEXEC));
-    return piece.isOpen() && ftruncate(piece.number(), static_cast<off_t>(pieceBytes)) == 0
-        && fill(piece.number(), pieceBytes, value)
-        && repeat(piece.number(), pieceBytes, range, bytes);
+    const SharedMemory piece(pieceBytes);
+    if (!piece.data())
+        return false;
+    std::fill_n(static_cast<uint32_t*>(piece.data()), pieceBytes / sizeof(uint32_t), value);
+    return repeat(piece.file().number(), pieceBytes, range, bytes);
 }
 
 }

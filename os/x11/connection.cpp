@@ -12,9 +12,14 @@ xcb_connection_t* connection()
     return x11 ? x11->connection() : nullptr;
 }
 
+xcb_window_t rootWindow(xcb_connection_t* server)
+{
+    return xcb_setup_roots_iterator(xcb_get_setup(server)).data->root;
+}
+
 xcb_window_t rootWindow()
 {
-    return xcb_setup_roots_iterator(xcb_get_setup(connection())).data->root;
+    return rootWindow(connection());
 }
 
 xcb_atom_t atom(QByteArrayView name)

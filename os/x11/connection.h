@@ -10,6 +10,9 @@ namespace osUtils::X11 {
 /// Null where the toolkit does not run on an X server.
 [[nodiscard]] xcb_connection_t* connection();
 
+/// The root window of a server's first screen.
+[[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* server);
+
 // These need the connection.
 [[nodiscard]] xcb_window_t rootWindow();
 [[nodiscard]] xcb_atom_t atom(QByteArrayView name);

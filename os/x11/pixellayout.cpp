@@ -49,10 +49,14 @@ bool hasToolkitsPixels(const xcb_setup_t& setup)
         && hasWidePixels(setup);
 }
 
-void makeOpaque(std::span<QRgb> pixels)
+QImage toolkitsPicture(void* pixels, QSize size, QImageCleanupFunction release, void* owner)
 {
-    std::transform(pixels.begin(), pixels.end(), pixels.begin(),
+    const qsizetype rowBytes = qsizetype{size.width()} * qsizetype{sizeof(QRgb)};
+    auto* const first = static_cast<QRgb*>(pixels);
+    std::transform(first, first + qsizetype{size.width()} * size.height(), first,
                    [](QRgb pixel) { return pixel | opaque; });
+    return {static_cast<uchar*>(pixels), size.width(), size.height(), rowBytes,
+            QImage::Format_RGB32,        release,      owner};
 }
 
 }

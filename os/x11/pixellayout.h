@@ -1,17 +1,18 @@
 #pragma once
 
-#include <QRgb>
+#include <QImage>
 
 #include <xcb/xcb.h>
-
-#include <span>
 
 namespace osUtils::X11 {
 
 /// Whether the pixels of a server's screen are laid out as the toolkit's of 32 bits.
 [[nodiscard]] bool hasToolkitsPixels(const xcb_setup_t& setup);
 
-/// The server leaves open what is in the byte that no colour uses; to the toolkit it is the opacity.
-void makeOpaque(std::span<QRgb> pixels);
+/// A picture in the memory that a server with such pixels has written them to, row by row. What the
+/// server leaves open, the byte that no colour uses, is set: to the toolkit it is the opacity.
+/// @param release  called with the owner when the picture is no longer used
+[[nodiscard]] QImage toolkitsPicture(void* pixels, QSize size, QImageCleanupFunction release,
+                                     void* owner);
 
 }

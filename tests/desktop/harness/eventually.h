@@ -26,9 +26,15 @@ template <typename Condition> [[nodiscard]] bool eventually(Condition condition)
 #define EVENTUALLY(condition)                                                                      \
     QVERIFY2(eventually([&] { return static_cast<bool>(condition); }), #condition)
 
-/// Fails the test function, showing both values, unless they become equal in time.
+/// Fails the test function, showing both values, unless they become equal in time. Once equal is enough: they are not
+/// looked at again.
 #define EVENTUALLY_COMPARE(actual, expected)                                                       \
     do {                                                                                           \
-        static_cast<void>(eventually([&] { return (actual) == (expected); }));                     \
-        QCOMPARE(actual, expected);                                                                \
+        auto lastValue = actual;                                                                   \
+        static_cast<void>(eventually([&] {                                                         \
+            lastValue = actual;                                                                    \
+            return lastValue == (expected);                                                        \
+        }));                                                                                       \
+        if (!QTest::qCompare(lastValue, expected, #actual, #expected, __FILE__, __LINE__))         \
+            return;                                                                                \
     } while (false)

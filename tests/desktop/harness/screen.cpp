@@ -64,3 +64,8 @@ bool contains(const QImage& picture, QColor colour)
     }
     return false;
 }
+
+QRect difference(const QImage& one, const QImage& other, const QList<QRect>& ignored)
+{
+    return difference(blanked(one, ignored), blanked(other, ignored));
+}

@@ -29,5 +29,8 @@ private:
 /// if there is none.
 [[nodiscard]] QRect difference(const QImage& one, const QImage& other);
 
+/// The same without some areas.
+[[nodiscard]] QRect difference(const QImage& one, const QImage& other, const QList<QRect>& ignored);
+
 /// Whether any pixel has exactly this colour.
 [[nodiscard]] bool contains(const QImage& picture, QColor colour);
