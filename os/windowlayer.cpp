@@ -20,6 +20,11 @@ bool keepsInWorkArea(const QByteArray& lowerCaseName)
                        [&](const char* name) { return lowerCaseName.contains(name); });
 }
 
+bool isFluxbox(const QByteArray& lowerCaseName)
+{
+    return lowerCaseName.contains("fluxbox");
+}
+
 }
 
 WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
@@ -31,7 +36,7 @@ WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
         return {WindowLayer::Type::Dock, false};
     // Fluxbox (seen in 1.3.5) lifts whatever gets the keyboard above a full-screen window, so above
     // the palette of an overlay that lets the mouse through. Always on top, it is above panels too.
-    if (name.contains("fluxbox"))
+    if (isFluxbox(name))
         return {WindowLayer::Type::Notification, false};
     if (!coversScreen && keepsInWorkArea(name))
         return {WindowLayer::Type::Dock, false};
@@ -40,6 +45,13 @@ WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
     // manager from fitting it into the work area. The notification type has no opening animation,
     // which would show the picture shifted, and leaves the window's own dialogs above it.
     return {WindowLayer::Type::Notification, coversScreen};
+}
+
+bool movesNewWindows(QByteArrayView windowManager)
+{
+    // Fluxbox (seen in 1.3.5) puts every window below a title bar, takes that away where none is wanted,
+    // shows the window, and moves it up at last.
+    return isFluxbox(windowManager.toByteArray().toLower());
 }
 
 }

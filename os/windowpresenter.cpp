@@ -3,6 +3,7 @@
 #include "os/screencover.h"
 #include "os/windowlayer.h"
 #include "os/x11/exactplace.h"
+#include "os/x11/hiddenuntilplaced.h"
 #include "os/x11/x11window.h"
 
 #include <QEvent>
@@ -106,6 +107,8 @@ void WindowPresenter::overlayChanged(QWindow& window, const QEvent& event)
         // It comes before the window is mapped: the window manager never sees it otherwise.
         keyboard.remember();
         present(window);
+        if (X11::isAvailable() && movesNewWindows(X11::windowManagerName()))
+            new X11::HiddenUntilPlaced(window);
         break;
     case QEvent::Expose:
         insistOnPlace(window);

@@ -48,6 +48,24 @@ void askWindowManager(WId window, QByteArrayView request, std::initializer_list<
     xcb_flush(connection());
 }
 
+void setShape(xcb_shape_sk_t kind, WId window, const std::optional<QRegion>& region)
+{
+    if (region) {
+        std::vector<xcb_rectangle_t> rectangles;
+        for (const QRect& rect : *region) {
+            rectangles.push_back({static_cast<int16_t>(rect.x()), static_cast<int16_t>(rect.y()),
+                                  static_cast<uint16_t>(rect.width()),
+                                  static_cast<uint16_t>(rect.height())});
+        }
+        xcb_shape_rectangles(connection(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED,
+                             toWindow(window), 0, 0, static_cast<uint32_t>(rectangles.size()),
+                             rectangles.data());
+    } else {
+        xcb_shape_mask(connection(), XCB_SHAPE_SO_SET, kind, toWindow(window), 0, 0, XCB_NONE);
+    }
+    xcb_flush(connection());
+}
+
 }
 
 bool isAvailable()
@@ -180,21 +198,12 @@ std::vector<WId> windowAndFrames(WId window)
 
 void setInputShape(WId window, const std::optional<QRegion>& region)
 {
-    if (region) {
-        std::vector<xcb_rectangle_t> rectangles;
-        for (const QRect& rect : *region) {
-            rectangles.push_back({static_cast<int16_t>(rect.x()), static_cast<int16_t>(rect.y()),
-                                  static_cast<uint16_t>(rect.width()),
-                                  static_cast<uint16_t>(rect.height())});
-        }
-        xcb_shape_rectangles(connection(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT,
-                             XCB_CLIP_ORDERING_UNSORTED, toWindow(window), 0, 0,
-                             static_cast<uint32_t>(rectangles.size()), rectangles.data());
-    } else {
-        xcb_shape_mask(connection(), XCB_SHAPE_SO_SET, XCB_SHAPE_SK_INPUT, toWindow(window), 0, 0,
-                       XCB_NONE);
-    }
-    xcb_flush(connection());
+    setShape(XCB_SHAPE_SK_INPUT, window, region);
+}
+
+void setVisibleShape(WId window, const std::optional<QRegion>& region)
+{
+    setShape(XCB_SHAPE_SK_BOUNDING, window, region);
 }
 
 }

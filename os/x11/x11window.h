@@ -60,4 +60,7 @@ void deleteProperty(WId window, const char* property);
 /// gives the whole window back. Takes effect at once, without mapping the window anew.
 void setInputShape(WId window, const std::optional<QRegion>& region);
 
+/// The same for what can be seen of the window.
+void setVisibleShape(WId window, const std::optional<QRegion>& region);
+
 }

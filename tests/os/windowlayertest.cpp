@@ -15,6 +15,7 @@ private slots:
     void init() { QTest::failOnWarning(QRegularExpression(".?")); }
     void theLayerDependsOnTheWindowManager_data();
     void theLayerDependsOnTheWindowManager();
+    void fluxboxMovesNewWindows();
 };
 
 void WindowLayerTest::theLayerDependsOnTheWindowManager_data()
@@ -67,6 +68,13 @@ void WindowLayerTest::theLayerDependsOnTheWindowManager()
 
     // then
     QTEST(layer, "layer");
+}
+
+void WindowLayerTest::fluxboxMovesNewWindows()
+{
+    QVERIFY(movesNewWindows("Fluxbox"));
+    QVERIFY(!movesNewWindows("Openbox"));
+    QVERIFY(!movesNewWindows(QByteArray()));
 }
 
 QTEST_APPLESS_MAIN(WindowLayerTest)

@@ -54,6 +54,7 @@ private slots:
     void theMouseIsCaughtInARegion();
     void anEmptyRegionCatchesNothing();
     void withoutARegionTheWholeWindowCatchesTheMouse();
+    void theVisibleShapeIsNotTheInputShape();
     void aWindowThatIsGoneIsNotReported();
 
 private:
@@ -327,6 +328,28 @@ void X11WindowTest::withoutARegionTheWholeWindowCatchesTheMouse()
     QTRY_COMPARE(probe.inputRegion(), QRegion(0, 0, 400, 300));
 }
 
+void X11WindowTest::theVisibleShapeIsNotTheInputShape()
+{
+    // given
+    QWindow window;
+    window.resize(200, 100);
+    window.create();
+    const WindowProbe probe(x, idOf(window));
+    const QRegion whole(0, 0, 200, 100);
+    const QRegion part(10, 20, 30, 40);
+
+    // when
+    X11::setVisibleShape(window.winId(), part);
+    const QRegion visible = probe.visibleRegion();
+    X11::setVisibleShape(window.winId(), std::nullopt);
+    X11::setInputShape(window.winId(), part);
+
+    // then
+    QCOMPARE(visible, part);
+    QCOMPARE(probe.visibleRegion(), whole);
+    QCOMPARE(probe.inputRegion(), part);
+}
+
 void X11WindowTest::aWindowThatIsGoneIsNotReported()
 {
     // given
@@ -339,6 +362,7 @@ void X11WindowTest::aWindowThatIsGoneIsNotReported()
     X11::deleteProperty(window, "_KORVEL_TEST");
     X11::setInputShape(window, QRegion(0, 0, 1, 1));
     X11::setInputShape(window, std::nullopt);
+    X11::setVisibleShape(window, QRegion());
     finishToolkitRequests();
     QCoreApplication::processEvents();
 

@@ -29,9 +29,27 @@ std::optional<QList<quint32>> WindowProbe::numbers(const char* property) const
 
 QRegion WindowProbe::inputRegion() const
 {
+    return shape(XCB_SHAPE_SK_INPUT);
+}
+
+QRegion WindowProbe::visibleRegion() const
+{
+    return shape(XCB_SHAPE_SK_BOUNDING);
+}
+
+QSize WindowProbe::size() const
+{
+    finishToolkitRequests();
+    const Reply<xcb_get_geometry_reply_t> reply(
+        xcb_get_geometry_reply(x.raw(), xcb_get_geometry(x.raw(), window), nullptr));
+    return reply ? QSize(reply->width, reply->height) : QSize();
+}
+
+QRegion WindowProbe::shape(xcb_shape_sk_t kind) const
+{
     finishToolkitRequests();
     const Reply<xcb_shape_get_rectangles_reply_t> reply(xcb_shape_get_rectangles_reply(
-        x.raw(), xcb_shape_get_rectangles(x.raw(), window, XCB_SHAPE_SK_INPUT), nullptr));
+        x.raw(), xcb_shape_get_rectangles(x.raw(), window, kind), nullptr));
     if (!reply)
         return {};
     QRegion region;
@@ -41,14 +59,6 @@ QRegion WindowProbe::inputRegion() const
         region += QRect(part.x, part.y, part.width, part.height);
     }
     return region;
-}
-
-QSize WindowProbe::size() const
-{
-    finishToolkitRequests();
-    const Reply<xcb_get_geometry_reply_t> reply(
-        xcb_get_geometry_reply(x.raw(), xcb_get_geometry(x.raw(), window), nullptr));
-    return reply ? QSize(reply->width, reply->height) : QSize();
 }
 
 Reply<xcb_get_property_reply_t> WindowProbe::read(const char* property) const

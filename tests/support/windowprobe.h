@@ -5,6 +5,8 @@
 #include <QByteArrayList>
 #include <QRegion>
 
+#include <xcb/shape.h>
+
 #include <optional>
 
 /// One X11 window as another client of the server sees it. Every answer comes after all that the toolkit has asked
@@ -25,10 +27,13 @@ public:
 
     /// Where the window catches the mouse.
     [[nodiscard]] QRegion inputRegion() const;
+    /// What can be seen of the window when nothing is above it.
+    [[nodiscard]] QRegion visibleRegion() const;
     [[nodiscard]] QSize size() const;
 
 private:
     [[nodiscard]] Reply<xcb_get_property_reply_t> read(const char* property) const;
+    [[nodiscard]] QRegion shape(xcb_shape_sk_t kind) const;
     [[nodiscard]] QByteArray atomName(xcb_atom_t atom) const;
 
     const XConnection& x;
