@@ -4,6 +4,7 @@
 #include "os/windowlayer.h"
 #include "os/x11/exactplace.h"
 #include "os/x11/hiddenuntilplaced.h"
+#include "os/x11/reportedposition.h"
 #include "os/x11/x11window.h"
 
 #include <QEvent>
@@ -68,6 +69,17 @@ void fitExactly(QWindow& window, const QRect& place)
     new X11::ExactPlace(window, place);
 }
 
+// While the window manager brings a window up.
+void watchPlacing(QWindow& window)
+{
+    if (!X11::isAvailable())
+        return;
+    delete window.findChild<X11::ReportedPosition*>(QString(), Qt::FindDirectChildrenOnly);
+    new X11::ReportedPosition(window);
+    if (movesNewWindows(X11::windowManagerName()))
+        new X11::HiddenUntilPlaced(window);
+}
+
 }
 
 WindowPresenter::WindowPresenter(QObject* application)
@@ -107,8 +119,7 @@ void WindowPresenter::overlayChanged(QWindow& window, const QEvent& event)
         // It comes before the window is mapped: the window manager never sees it otherwise.
         keyboard.remember();
         present(window);
-        if (X11::isAvailable() && movesNewWindows(X11::windowManagerName()))
-            new X11::HiddenUntilPlaced(window);
+        watchPlacing(window);
         break;
     case QEvent::Expose:
         insistOnPlace(window);

@@ -1,13 +1,12 @@
 #include "os/x11/exactplace.h"
 
 #include "os/screencover.h"
+#include "os/x11/structurenotice.h"
 #include "os/x11/x11window.h"
 
 #include <QCoreApplication>
 #include <QEvent>
 #include <QWindow>
-
-#include <xcb/xcb.h>
 
 namespace osUtils::X11 {
 
@@ -35,11 +34,8 @@ bool ExactPlace::eventFilter(QObject* watched, QEvent* event)
 
 bool ExactPlace::nativeEventFilter(const QByteArray& eventType, void* message, qintptr* /*result*/)
 {
-    constexpr uint8_t sentByAClient = 0x80; // a window manager tells a size in this way
-    auto* event = static_cast<xcb_configure_notify_event_t*>(message);
-    if (eventType != "xcb_generic_event_t"
-        || (event->response_type & ~sentByAClient) != XCB_CONFIGURE_NOTIFY
-        || event->window != window.winId())
+    auto* event = structureNotice<xcb_configure_notify_event_t>(eventType, message, window.winId());
+    if (!event)
         return false;
     const qreal ratio = window.devicePixelRatio();
     const QSize size = System::coveringSize({event->width, event->height}, ratio);

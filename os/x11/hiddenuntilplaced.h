@@ -2,8 +2,7 @@
 
 #include <QAbstractNativeEventFilter>
 #include <QObject>
-
-class QWindow;
+#include <QWindow>
 
 namespace osUtils::X11 {
 
@@ -24,7 +23,7 @@ public:
 private:
     void show();
 
-    QWindow& window;
+    const WId window;
     bool mapped = false;
     bool framed = false;
 };

@@ -113,6 +113,23 @@ void setGeometry(WId window, const QRect& geometry)
     xcb_flush(connection());
 }
 
+QPoint positionOnDesktop(WId window)
+{
+    const auto cookie =
+        xcb_translate_coordinates(connection(), toWindow(window), rootWindow(), 0, 0);
+    const ReplyPointer<xcb_translate_coordinates_reply_t> reply(
+        xcb_translate_coordinates_reply(connection(), cookie, nullptr));
+    return reply ? QPoint(reply->dst_x, reply->dst_y) : QPoint();
+}
+
+bool isMappedWithFrames(WId window)
+{
+    const auto cookie = xcb_get_window_attributes(connection(), toWindow(window));
+    const ReplyPointer<xcb_get_window_attributes_reply_t> reply(
+        xcb_get_window_attributes_reply(connection(), cookie, nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
 void allowAnySize(WId window)
 {
     // The flags come first, in four bytes; what they no longer tell of may stay.

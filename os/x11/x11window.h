@@ -3,6 +3,7 @@
 #include "os/windowlayer.h"
 
 #include <QByteArray>
+#include <QPoint>
 #include <QRect>
 #include <QRegion>
 #include <QWindow>
@@ -30,6 +31,12 @@ void setWindowLayer(WId window, const System::WindowLayer& layer);
 /// Gives a window a place and a size past the toolkit's rounding.
 /// @param geometry  in device pixels, seen from the root window
 void setGeometry(WId window, const QRect& geometry);
+
+/// Where a window's top-left corner is seen from the root window, in device pixels.
+[[nodiscard]] QPoint positionOnDesktop(WId window);
+
+/// Whether the window and all the frames around it are mapped.
+[[nodiscard]] bool isMappedWithFrames(WId window);
 
 /// Takes back the hint that the window's size goes in steps.
 void allowAnySize(WId window);

@@ -51,6 +51,8 @@ private slots:
     void deletingWhatIsNotThereIsHarmless();
     void aWindowWithoutFramesStandsAlone();
     void framesAreListedFromTheInnermost();
+    void aWindowIsSeenFromTheDesktop();
+    void aWindowIsMappedWithItsFrames();
     void theMouseIsCaughtInARegion();
     void anEmptyRegionCatchesNothing();
     void withoutARegionTheWholeWindowCatchesTheMouse();
@@ -282,6 +284,40 @@ void X11WindowTest::framesAreListedFromTheInnermost()
     QCOMPARE(windows, std::vector<WId>({window.winId(), inner, outer}));
 }
 
+void X11WindowTest::aWindowIsSeenFromTheDesktop()
+{
+    // given
+    QWindow window;
+    window.setGeometry(30, 40, 200, 100);
+    QWindow inner(&window);
+    inner.setGeometry(5, 6, 20, 10);
+    inner.create();
+
+    // when
+    const QPoint position = X11::positionOnDesktop(inner.winId());
+
+    // then
+    QCOMPARE(position, QPoint(35, 46));
+}
+
+void X11WindowTest::aWindowIsMappedWithItsFrames()
+{
+    // given
+    QWindow window;
+    window.create();
+    QWindow inner(&window);
+    inner.show();
+
+    // when
+    const bool before = X11::isMappedWithFrames(inner.winId());
+    window.show();
+    const bool after = X11::isMappedWithFrames(inner.winId());
+
+    // then
+    QVERIFY(!before);
+    QVERIFY(after);
+}
+
 void X11WindowTest::theMouseIsCaughtInARegion()
 {
     // given
@@ -368,6 +404,8 @@ void X11WindowTest::aWindowThatIsGoneIsNotReported()
 
     // then
     QCOMPARE(X11::windowAndFrames(window), std::vector<WId>());
+    QCOMPARE(X11::positionOnDesktop(window), QPoint());
+    QVERIFY(!X11::isMappedWithFrames(window));
 }
 
 QTEST_MAIN(X11WindowTest)
