@@ -19,9 +19,12 @@ public:
     /// What it is mapped from.
     [[nodiscard]] const FileDescriptor& file() const { return memory; }
 
-    /// Has the system provide all pages here and now: for a process that shall not wait for each while it
-    /// writes. (Populated by the system in one go, they would hold up what other threads map.)
-    void touchEveryPage() const;
+    /// Has the system set all of it aside here and now: for a process that shall not wait for each page while
+    /// it writes. False if there is not enough.
+    [[nodiscard]] bool reserve() const;
+    /// Has the system map all of it for this process, which else it does when a page is used. Other threads that map
+    /// memory meanwhile are held up for some microseconds only.
+    void populate() const;
 
 private:
     size_t bytes;

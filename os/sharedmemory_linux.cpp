@@ -1,5 +1,8 @@
 #include "os/sharedmemory.h"
 
+#include <algorithm>
+
+#include <fcntl.h>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -23,11 +26,18 @@ SharedMemory::~SharedMemory()
         munmap(address, bytes);
 }
 
-void SharedMemory::touchEveryPage() const
+bool SharedMemory::reserve() const
 {
-    const auto pageBytes = static_cast<size_t>(sysconf(_SC_PAGESIZE));
-    for (size_t at = 0; at < bytes; at += pageBytes)
-        static_cast<volatile std::byte*>(address)[at] = std::byte{};
+    return posix_fallocate(memory.number(), 0, static_cast<off_t>(bytes)) == 0;
+}
+
+void SharedMemory::populate() const
+{
+    constexpr size_t step = size_t{64} * 1024;
+    // A system that does not know the request (Linux before 5.14) maps the pages one by one later.
+    for (size_t at = 0; at < bytes; at += step)
+        madvise(static_cast<std::byte*>(address) + at, std::min(step, bytes - at),
+                MADV_POPULATE_WRITE);
 }
 
 }

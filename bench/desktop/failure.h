@@ -3,6 +3,7 @@
 #include "bench/desktop/clock.h"
 
 #include <stdexcept>
+#include <thread>
 
 namespace Bench {
 
@@ -12,7 +13,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Returns when the condition holds, which is looked at without a pause.
+/// Returns when the condition holds, which is looked at twice a millisecond: the processors are left to what is
+/// waited for.
 /// @param complaint  what the Failure says if it does not come true
 template <typename Condition> void waitFor(Condition condition, const char* complaint)
 {
@@ -20,6 +22,7 @@ template <typename Condition> void waitFor(Condition condition, const char* comp
     while (!condition()) {
         if (Clock::now() > end)
             throw Failure(complaint);
+        std::this_thread::sleep_for(std::chrono::microseconds(500));
     }
 }
 

@@ -47,6 +47,8 @@ bool writeRoot(xcb_connection_t* server, const QRect& area, const SharedMemory& 
         server, rootWindow(server), static_cast<int16_t>(area.x()), static_cast<int16_t>(area.y()),
         static_cast<uint16_t>(area.width()), static_cast<uint16_t>(area.height()), allPlanes,
         XCB_IMAGE_FORMAT_Z_PIXMAP, segment, 0);
+    xcb_flush(server);
+    memory.populate(); // while the server writes
     const ReplyPointer<xcb_shm_get_image_reply_t> written(
         xcb_shm_get_image_reply(server, cookie, nullptr));
     return written != nullptr;
@@ -66,11 +68,8 @@ QImage sharedRootPicture(xcb_connection_t* server, const QRect& area)
         return {};
     auto memory = std::make_unique<SharedMemory>(
         static_cast<size_t>(area.width()) * static_cast<size_t>(area.height()) * sizeof(QRgb));
-    if (!memory->data())
-        return {};
-    // Else whatever else is asked of the server would wait for the pages, too.
-    memory->touchEveryPage();
-    if (!writeRoot(server, area, *memory))
+    // Set aside beforehand: else the server would wait for each page, and others for the server.
+    if (!memory->data() || !memory->reserve() || !writeRoot(server, area, *memory))
         return {};
     void* const data = memory->data();
     return toolkitsPicture(data, area.size(), release, memory.release());

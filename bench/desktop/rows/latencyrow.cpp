@@ -18,8 +18,8 @@ QByteArray LatencyRow::method() const
 {
     return "One stroke of 1,000 moves, 12 pixels apart, in lines over the whole width. After each "
            "move the pixel under the pointer is read in a tight loop until it has the pen's "
-           "colour; then comes the next move. Those of others 200 moves, for time's sake. "
-           "Processor "
+           "colour; the next move comes a millisecond after the last, as from the fastest common "
+           "mice, or when its ink has come. Those of others 200 moves, for time's sake. Processor "
            "time is the program's own, in all threads, without the compositor's.";
 }
 
