@@ -70,13 +70,11 @@ void fitExactly(QWindow& window, const QRect& place)
 }
 
 // While the window manager brings a window up.
-void watchPlacing(QWindow& window)
+void watchPlacing(QWindow& window, const QByteArray& windowManager)
 {
-    if (!X11::isAvailable())
-        return;
     delete window.findChild<X11::ReportedPosition*>(QString(), Qt::FindDirectChildrenOnly);
     new X11::ReportedPosition(window);
-    if (movesNewWindows(X11::windowManagerName()))
+    if (movesNewWindows(windowManager))
         new X11::HiddenUntilPlaced(window);
 }
 
@@ -91,11 +89,11 @@ WindowPresenter::WindowPresenter(QObject* application)
 void WindowPresenter::setCovering(bool wanted)
 {
     covering = wanted;
-    if (!covering)
+    if (!covering || !X11::isAvailable())
         return;
     for (QWindow* window : QGuiApplication::topLevelWindows()) {
         if (window->isVisible() && isOverlay(*window))
-            present(*window);
+            present(*window, X11::windowManagerName());
     }
 }
 
@@ -118,8 +116,7 @@ void WindowPresenter::overlayChanged(QWindow& window, const QEvent& event)
     case QEvent::Show:
         // It comes before the window is mapped: the window manager never sees it otherwise.
         keyboard.remember();
-        present(window);
-        watchPlacing(window);
+        bringUp(window);
         break;
     case QEvent::Expose:
         insistOnPlace(window);
@@ -132,13 +129,19 @@ void WindowPresenter::overlayChanged(QWindow& window, const QEvent& event)
     }
 }
 
-void WindowPresenter::present(QWindow& window)
+void WindowPresenter::bringUp(QWindow& window)
 {
     if (!X11::isAvailable())
         return;
+    const QByteArray windowManager = X11::windowManagerName();
+    present(window, windowManager);
+    watchPlacing(window, windowManager);
+}
 
+void WindowPresenter::present(QWindow& window, const QByteArray& windowManager)
+{
     const QScreen* covered = coveredScreen(window);
-    const WindowLayer layer = coveringLayer(X11::windowManagerName(), covered != nullptr);
+    const WindowLayer layer = coveringLayer(windowManager, covered != nullptr);
     X11::setWindowLayer(window.winId(), layer);
     fixSize(window);
     const std::optional<QRect> place = covered ? deviceGeometry(*covered) : std::nullopt;

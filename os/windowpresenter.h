@@ -2,6 +2,7 @@
 
 #include "os/borrowedkeyboard.h"
 
+#include <QByteArray>
 #include <QObject>
 #include <QRect>
 
@@ -28,7 +29,8 @@ protected:
 
 private:
     void overlayChanged(QWindow& window, const QEvent& event);
-    void present(QWindow& window);
+    void bringUp(QWindow& window);
+    void present(QWindow& window, const QByteArray& windowManager);
     void insistOnPlace(QWindow& window);
 
     bool covering = false;
