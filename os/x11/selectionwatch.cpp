@@ -2,6 +2,7 @@
 
 #include "os/x11/connection.h"
 #include "os/x11/replypointer.h"
+#include "os/x11/structurenotice.h"
 
 #include <QCoreApplication>
 
@@ -53,9 +54,8 @@ bool SelectionWatch::hasOwner() const
 bool SelectionWatch::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
                                        qintptr* /*result*/)
 {
-    constexpr int sentFlag = 0x80;
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
-    if ((event->response_type & ~sentFlag) == notifyEvent) {
+    if ((event->response_type & ~sentByAClient) == notifyEvent) {
         const auto* notify = reinterpret_cast<const xcb_xfixes_selection_notify_event_t*>(event);
         // The toolkit watches some selections too: each change may be told more than once.
         if (notify->selection == selection && std::exchange(wasOwned, hasOwner()) && !wasOwned)

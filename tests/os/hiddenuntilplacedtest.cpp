@@ -17,11 +17,6 @@ namespace {
 
 const QRegion whole(0, 0, 200, 100);
 
-xcb_window_t idOf(const QWindow& window)
-{
-    return static_cast<xcb_window_t>(window.winId());
-}
-
 }
 
 /// What is seen of a window while a window manager, played by the test, brings it up.

@@ -14,11 +14,6 @@ namespace {
 
 constexpr QRect Place(30, 40, 200, 100);
 
-xcb_window_t idOf(const QWindow& window)
-{
-    return static_cast<xcb_window_t>(window.winId());
-}
-
 }
 
 /// Where the toolkit believes a window to be, with a window manager that the test plays.

@@ -27,11 +27,6 @@ constexpr auto fullScreen = "_NET_WM_STATE_FULLSCREEN";
 const QByteArrayList notification{"_NET_WM_WINDOW_TYPE_NOTIFICATION", "_NET_WM_WINDOW_TYPE_NORMAL"};
 const QByteArrayList dock{"_NET_WM_WINDOW_TYPE_DOCK", "_NET_WM_WINDOW_TYPE_NORMAL"};
 
-xcb_window_t idOf(const QWindow& window)
-{
-    return static_cast<xcb_window_t>(window.winId());
-}
-
 std::unique_ptr<QWindow> window(const QRect& geometry, Qt::WindowFlags flags)
 {
     auto made = std::make_unique<QWindow>();

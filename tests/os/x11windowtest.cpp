@@ -13,11 +13,6 @@ using osUtils::System::WindowLayer;
 
 namespace {
 
-xcb_window_t idOf(const QWindow& window)
-{
-    return static_cast<xcb_window_t>(window.winId());
-}
-
 /// The number of a window that was there and is no more.
 WId deadWindow()
 {

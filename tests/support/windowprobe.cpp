@@ -1,6 +1,7 @@
 #include "tests/support/windowprobe.h"
 
 #include <QGuiApplication>
+#include <QWindow>
 
 #include <xcb/shape.h>
 
@@ -77,6 +78,11 @@ QByteArray WindowProbe::atomName(xcb_atom_t atom) const
     if (!reply)
         return {};
     return {xcb_get_atom_name_name(reply.get()), xcb_get_atom_name_name_length(reply.get())};
+}
+
+xcb_window_t idOf(const QWindow& window)
+{
+    return static_cast<xcb_window_t>(window.winId());
 }
 
 void finishToolkitRequests()

@@ -9,6 +9,8 @@
 
 #include <optional>
 
+class QWindow;
+
 /// One X11 window as another client of the server sees it. Every answer comes after all that the toolkit has asked
 /// for so far. Coordinates are the window's, in device pixels.
 class WindowProbe {
@@ -39,6 +41,9 @@ private:
     const XConnection& x;
     const xcb_window_t window;
 };
+
+/// The number by which other clients know a window of the toolkit's.
+[[nodiscard]] xcb_window_t idOf(const QWindow& window);
 
 /// Returns when the server has carried out all that the toolkit has sent.
 void finishToolkitRequests();

@@ -8,12 +8,11 @@ namespace Bench {
 QByteArray StartRow::method() const
 {
     return "From just before exec; the screen is looked at twice a millisecond. First picture: the "
-           "pen's dot under the pointer and the palette "
-           "are seen (bare client: the dot; empty window: its colour; flameshot: the dimmed "
-           "screen; gromit-mpx shows "
-           "nothing). First stroke: from the first picture on a line is tried every 20 ms, until "
-           "its ink stays behind the pointer; in flameshot one selects first. Processor time is "
-           "that up to the rest after the start. One start before the first is not counted.";
+           "pen's dot under the pointer and the palette are seen (bare client: the dot; empty "
+           "window: its colour; flameshot: the dimmed screen; gromit-mpx shows nothing). First "
+           "stroke: from the first picture on a line is tried every 20 ms, until its ink stays "
+           "behind the pointer; in flameshot one selects first. Processor time is that up to the "
+           "rest after the start. One start before the first is not counted.";
 }
 
 QList<QSize> StartRow::screens() const
