@@ -126,6 +126,20 @@ bool Windows::isAbove(xcb_window_t upper, xcb_window_t lower) const
     return bottomToTop.indexOf(childOfRoot(upper)) > bottomToTop.indexOf(childOfRoot(lower));
 }
 
+xcb_window_t Windows::at(QPoint point) const
+{
+    for (xcb_window_t window = x.root();;) {
+        const auto cookie =
+            xcb_translate_coordinates(x.raw(), x.root(), window, static_cast<int16_t>(point.x()),
+                                      static_cast<int16_t>(point.y()));
+        const Reply<xcb_translate_coordinates_reply_t> reply(
+            xcb_translate_coordinates_reply(x.raw(), cookie, nullptr));
+        if (!reply || reply->child == XCB_NONE)
+            return window;
+        window = reply->child;
+    }
+}
+
 xcb_window_t Windows::focused() const
 {
     const auto cookie = xcb_get_input_focus(x.raw());
