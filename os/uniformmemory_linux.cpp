@@ -41,8 +41,9 @@ bool fillRange(std::byte* range, size_t bytes, size_t pieceBytes, uint32_t value
 
 UniformMemory uniformMemory(size_t wanted, uint32_t value)
 {
-    // Long enough that a screen's worth is some dozens of mappings, of which a process has 65,530.
-    constexpr size_t longestPiece = 1U << 20U;
+    // Long enough that a large screen is some hundreds of mappings, of which a process has 65,530, and short
+    // enough to be written in no time.
+    constexpr size_t longestPiece = 1U << 18U;
     const size_t page = static_cast<size_t>(sysconf(_SC_PAGESIZE));
     const size_t pieceBytes = std::min(longestPiece, roundedUp(wanted, page));
     const size_t bytes = pieceBytes ? roundedUp(wanted, pieceBytes) : 0;

@@ -50,8 +50,13 @@ DesktopGrab::ScreenGrab::ScreenGrab(QScreen& grabbed)
     , topLeft(grabbed.geometry().topLeft())
     , direct(grabbed)
 {
-    if (!direct.isOnItsWay())
-        indirect = grabbed.grabWindow(0);
+}
+
+void DesktopGrab::ScreenGrab::begin()
+{
+    direct.begin();
+    if (!direct.isPossible() && screen && indirect.isNull())
+        indirect = screen->grabWindow(0);
 }
 
 QPixmap DesktopGrab::ScreenGrab::take()
@@ -61,7 +66,7 @@ QPixmap DesktopGrab::ScreenGrab::take()
         return QPixmap::fromImage(std::move(fetched), Qt::NoFormatConversion);
     // A grab without a size ends exactly at the screen's edge. One with a size is rounded from logical
     // pixels and can miss the last column at a fractional ratio.
-    QPixmap grabbed = direct.isOnItsWay() && screen ? screen->grabWindow(0) : indirect;
+    QPixmap grabbed = direct.isPossible() && screen ? screen->grabWindow(0) : indirect;
     grabbed.setDevicePixelRatio(1.0);
     return grabbed;
 }
@@ -89,8 +94,15 @@ DesktopGrab DesktopGrab::ofDesktop(const QScreen& screen)
     return {QGuiApplication::screens(), std::nullopt, screen.devicePixelRatio()};
 }
 
+void DesktopGrab::begin()
+{
+    for (ScreenGrab& part : parts)
+        part.begin();
+}
+
 QPixmap DesktopGrab::take()
 {
+    begin();
     std::vector<PlacedPicture> pictures;
     for (ScreenGrab& part : parts) {
         PlacedPicture placed{part.take(), part.origin()};

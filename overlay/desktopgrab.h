@@ -14,7 +14,7 @@
 namespace Helpers::NQt {
 
 /// Picture of what the screens show, pixel for pixel, with the device pixel ratio of the screen that it
-/// is to be shown on. It is on its way from construction on, and there when it is taken.
+/// is to be shown on.
 class DesktopGrab {
 public:
     /// Of an area, put together from the screens that it touches; black where there is none.
@@ -25,7 +25,10 @@ public:
     /// @param screen  the screen that will show the picture
     [[nodiscard]] static DesktopGrab ofDesktop(const QScreen& screen);
 
-    /// To be taken once, before a window is shown that shall not be on it.
+    /// Takes it, and returns while it is on its way.
+    void begin();
+    /// Waits for it, and begins if nobody has. To be called once, before a window is shown that shall not be on
+    /// it.
     /// @return  null where the window system refuses it
     [[nodiscard]] QPixmap take();
 
@@ -37,6 +40,7 @@ private:
 
         /// Its place on the desktop, in device pixels.
         [[nodiscard]] QPoint origin() const { return topLeft; }
+        void begin();
         /// With a device pixel ratio of 1.
         [[nodiscard]] QPixmap take();
 

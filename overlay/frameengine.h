@@ -21,6 +21,8 @@ public:
     virtual void paint(QPaintDevice* device) = 0;
     /// The background's pixmap, owned by the engine; null if it has none.
     virtual QPixmap* background() = 0;
+    /// Begins to fetch the background that init() has prepared, and returns while it is on its way.
+    virtual void fetchBackground() { }
 
 protected:
     explicit FrameEngine(TransparentFrame* owner);

@@ -49,6 +49,12 @@ QPixmap* FrameEngineSS::background()
     return &pixmap;
 }
 
+void FrameEngineSS::fetchBackground()
+{
+    if (coming)
+        coming->begin();
+}
+
 void FrameEngineSS::paint(QPaintDevice* device)
 {
     if (FrameEngine::drawBack)

@@ -19,13 +19,14 @@ public:
     FrameEngineSS(TransparentFrame* frame, int screen);
     ~FrameEngineSS() override = default;
 
-    /// Takes a new picture of the frame's place. The frame must not be visible, or it is part of it.
-    /// Returns while the picture is still on its way.
+    /// Prepares a new picture of the frame's place, which is taken when fetchBackground() or background() is
+    /// called. The frame must not be visible then, or it is part of it.
     void init() override;
     void paint(QPaintDevice* device) override;
     /// The picture; null inside until the first init() and after a failed one. Waits for a new one, which
     /// must not happen later than when the frame is shown.
     QPixmap* background() override;
+    void fetchBackground() override;
 
     /// Draws a part of the picture, pixel for pixel.
     /// @param at  place of the part's top-left corner on the target, logical pixels

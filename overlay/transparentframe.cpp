@@ -51,6 +51,7 @@ TransparentFrame::TransparentFrame(QWidget* parent, int engineType, int width, i
     // polygon. The platform plug-in sets the attribute on start, so it is cleared only from here on.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     engine->init();
+    QMetaObject::invokeMethod(this, &TransparentFrame::fetchBackground, Qt::QueuedConnection);
 }
 
 TransparentFrame::~TransparentFrame() = default;
@@ -88,6 +89,11 @@ QPixmap* TransparentFrame::background()
     return engine->background();
 }
 
+void TransparentFrame::fetchBackground()
+{
+    engine->fetchBackground();
+}
+
 QPaintDevice* TransparentFrame::paintDevice()
 {
     return engine->background();
@@ -114,6 +120,7 @@ void TransparentFrame::paintEvent(QPaintEvent* event)
 void TransparentFrame::resizeEvent(QResizeEvent* /*event*/)
 {
     engine->init();
+    engine->fetchBackground();
 }
 
 }

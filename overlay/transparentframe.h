@@ -41,6 +41,11 @@ public:
     [[nodiscard]] QPaintDevice* paintDevice();
 
 protected:
+    /// Has the engine's background come while the tool does something else. To be called by a tool whose
+    /// constructor asks the window system nothing from there on: its answers wait for a screen's picture. The
+    /// frame itself does so as soon as events are handled.
+    void fetchBackground();
+
     void mousePressEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;

@@ -1,5 +1,6 @@
 #include "pen/penchoices.h"
 
+#include "action/widget/boxicons.h"
 #include "action/widget/vccolorcombobox.h"
 #include "overlay/layerpixmap.h"
 #include "pen/pentoolbar.h"
@@ -40,7 +41,7 @@ template <typename Draw> QIcon shapeIcon(qreal devicePixelRatio, Draw draw)
 void fillSizes(QComboBox& box)
 {
     box.clear();
-    box.setIconSize(iconSize);
+    VcAction::Widget::showIcons(box, iconSize);
     for (const SizePreset& preset : sizePresets) {
         box.addItem(discIcon(preset.first, preset.last, box.devicePixelRatioF()),
                     QString::number(preset.size), preset.size);
@@ -63,7 +64,7 @@ void fillShapes(QComboBox& box)
 {
     const qreal ratio = box.devicePixelRatioF();
     box.clear();
-    box.setIconSize(iconSize);
+    VcAction::Widget::showIcons(box, iconSize);
     box.addItem(
         shapeIcon(ratio, [](QPainter& painter, QRect shape) { painter.drawEllipse(shape); }),
         PenToolbar::tr("Ellipse"), Frame::Ellipse);

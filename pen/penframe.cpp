@@ -43,6 +43,7 @@ PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, boo
     startPoint = previousPoint = currentPoint = mapFromGlobal(QCursor::pos());
     setDrawBack(true);
     setPen(penColor);
+    fetchBackground();
 }
 
 void PenFrame::setPen(QColor penColor)

@@ -4,6 +4,7 @@
 #include "shell/fatalmessages.h"
 #include "shell/norvikapplication.h"
 #include "shell/penarguments.h"
+#include "shell/plugins.h"
 
 #include <QSettings>
 
@@ -22,6 +23,7 @@ int main(int argc, char** argv)
     Helpers::NQt::NorvikApplication application(settings, argc, argv);
     // From here on a fatal message is a fault to be looked into.
     qInstallMessageHandler(nullptr);
+    loadNoMorePlugins();
     const PenArguments pen = penArguments(QCoreApplication::arguments());
 
     VcAction::Frame::PenFrame overlay(nullptr, pen.size, pen.color(), freehand, pen.transparent);

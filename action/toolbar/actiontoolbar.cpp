@@ -25,9 +25,14 @@ namespace VcAction::Toolbar {
 namespace {
 
 // What the widgets' own sheets leave to the desktop's style, and the palette's light background cannot
-// do without: a flat group box has no frame, and a dark theme's white text would vanish.
-constexpr auto paletteSheet = "VcAction--Widget--VcGroupBox { border: 0px; }"
-                              "VcAction--Widget--VcCheckBox, QTabBar::tab { color: #1f1814; }";
+// do without: a flat group box has no frame, and a dark theme's white text would vanish. And the sizes of
+// the boxes' icons, see boxicons.h.
+constexpr auto paletteSheet =
+    "VcAction--Widget--VcGroupBox { border: 0px; }"
+    "VcAction--Widget--VcCheckBox, QTabBar::tab { color: #1f1814; }"
+    "VcAction--Widget--VcComboBox, VcAction--Widget--VcComboBox QListView { icon-size: 32px; }"
+    "VcAction--Widget--VcColorComboBox { icon-size: 35px; }"
+    "VcAction--Widget--VcColorComboBox QListView { icon-size: 35px; }";
 constexpr auto backFrameSheet =
     "QFrame {border-image: url(:/resource/action/common/Img/toolbar.png) 18 20 18 49;"
     "border-top: 18px transparent;border-bottom: 18px transparent;"

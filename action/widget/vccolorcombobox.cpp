@@ -1,6 +1,7 @@
 #include "action/widget/vccolorcombobox.h"
 
 #include "action/toolbar/actiontoolbar.h"
+#include "action/widget/boxicons.h"
 #include "action/widget/wheelsteps.h"
 #include "overlay/layerpixmap.h"
 #include "overlay/nativewindow.h"
@@ -40,7 +41,7 @@ VcColorComboBox::VcColorComboBox(QColor color, QString name, QWidget* parent,
 void VcColorComboBox::addCustomItem()
 {
     clear();
-    setIconSize(swatchSize);
+    showIcons(*this, swatchSize);
     addItem(QIcon(QLatin1String(pickImage)), tr("Pick Color"));
 }
 

@@ -8,8 +8,6 @@
 
 #include <xcb/shm.h>
 
-#include <memory>
-
 #include <unistd.h>
 
 namespace osUtils::X11 {
@@ -33,27 +31,6 @@ bool hasSucceeded(xcb_connection_t* server, xcb_void_cookie_t request)
     return !ReplyPointer<xcb_generic_error_t>(xcb_request_check(server, request));
 }
 
-bool writeRoot(xcb_connection_t* server, const QRect& area, const SharedMemory& memory)
-{
-    const xcb_shm_seg_t segment = xcb_generate_id(server);
-    constexpr uint8_t writable = 0;
-    // The library closes what it has sent.
-    if (!hasSucceeded(
-            server,
-            xcb_shm_attach_fd_checked(server, segment, dup(memory.file().number()), writable)))
-        return false;
-    constexpr uint32_t allPlanes = ~0U;
-    const auto cookie = xcb_shm_get_image(
-        server, rootWindow(server), static_cast<int16_t>(area.x()), static_cast<int16_t>(area.y()),
-        static_cast<uint16_t>(area.width()), static_cast<uint16_t>(area.height()), allPlanes,
-        XCB_IMAGE_FORMAT_Z_PIXMAP, segment, 0);
-    xcb_flush(server);
-    memory.populate(); // while the server writes
-    const ReplyPointer<xcb_shm_get_image_reply_t> written(
-        xcb_shm_get_image_reply(server, cookie, nullptr));
-    return written != nullptr;
-}
-
 void release(void* memory)
 {
     delete static_cast<SharedMemory*>(memory);
@@ -61,18 +38,49 @@ void release(void* memory)
 
 }
 
-QImage sharedRootPicture(xcb_connection_t* server, const QRect& area)
+SharedPicture::SharedPicture(xcb_connection_t* theServer, QSize theSize)
+    : server(theServer)
+    , size(theSize)
 {
-    if (area.isEmpty() || !ServerAddress(server).isLocal()
+    if (size.isEmpty() || !ServerAddress(server).isLocal()
         || !hasToolkitsPixels(*xcb_get_setup(server)) || !takesMemory(server))
-        return {};
-    auto memory = std::make_unique<SharedMemory>(
-        static_cast<size_t>(area.width()) * static_cast<size_t>(area.height()) * sizeof(QRgb));
+        return;
+    memory = std::make_unique<SharedMemory>(static_cast<size_t>(size.width())
+                                            * static_cast<size_t>(size.height()) * sizeof(QRgb));
     // Set aside beforehand: else the server would wait for each page, and others for the server.
-    if (!memory->data() || !memory->reserve() || !writeRoot(server, area, *memory))
+    if (!memory->data() || !memory->reserve() || !attach())
+        memory.reset();
+}
+
+bool SharedPicture::attach()
+{
+    segment = xcb_generate_id(server);
+    constexpr uint8_t writable = 0;
+    // The library closes what it has sent.
+    return hasSucceeded(
+        server, xcb_shm_attach_fd_checked(server, segment, dup(memory->file().number()), writable));
+}
+
+bool SharedPicture::write(QPoint topLeft) const
+{
+    constexpr uint32_t allPlanes = ~0U;
+    const auto cookie = xcb_shm_get_image(
+        server, rootWindow(server), static_cast<int16_t>(topLeft.x()),
+        static_cast<int16_t>(topLeft.y()), static_cast<uint16_t>(size.width()),
+        static_cast<uint16_t>(size.height()), allPlanes, XCB_IMAGE_FORMAT_Z_PIXMAP, segment, 0);
+    xcb_flush(server);
+    memory->populate(); // while the server writes
+    const ReplyPointer<xcb_shm_get_image_reply_t> written(
+        xcb_shm_get_image_reply(server, cookie, nullptr));
+    return written != nullptr;
+}
+
+QImage SharedPicture::take(QPoint topLeft)
+{
+    if (!memory || !write(topLeft))
         return {};
     void* const data = memory->data();
-    return toolkitsPicture(data, area.size(), release, memory.release());
+    return toolkitsPicture(data, size, release, memory.release());
 }
 
 }

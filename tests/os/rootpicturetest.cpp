@@ -28,7 +28,7 @@ private:
     [[nodiscard]] QImage rootPicture(const QRect& area) const
     {
         QFETCH_GLOBAL(bool, shared);
-        return shared ? osUtils::X11::sharedRootPicture(x.raw(), area)
+        return shared ? osUtils::X11::SharedPicture(x.raw(), area.size()).take(area.topLeft())
                       : osUtils::X11::rootPicture(x.raw(), area);
     }
 

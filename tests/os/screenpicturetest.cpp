@@ -19,6 +19,8 @@ private slots:
     void theScreenIsPicturedPixelForPixel();
     void itIsFetchedWhateverTheVariableSays_data();
     void itIsFetchedWhateverTheVariableSays();
+    void itShowsWhatTheScreenShowedWhenItWasBegun();
+    void oneThatNobodyTakesIsNoHarm_data();
     void oneThatNobodyTakesIsNoHarm();
 
 private:
@@ -49,7 +51,7 @@ void ScreenPictureTest::theScreenIsPicturedPixelForPixel()
     ScreenPicture picture(*QGuiApplication::primaryScreen());
 
     // then
-    QVERIFY(picture.isOnItsWay());
+    QVERIFY(picture.isPossible());
     QCOMPARE(picture.take(), pattern());
 }
 
@@ -75,10 +77,35 @@ void ScreenPictureTest::itIsFetchedWhateverTheVariableSays()
     QCOMPARE(picture.take(), pattern());
 }
 
+void ScreenPictureTest::itShowsWhatTheScreenShowedWhenItWasBegun()
+{
+    // given
+    backdrop.fill(Qt::white);
+    ScreenPicture picture(*QGuiApplication::primaryScreen());
+
+    // when
+    backdrop.paintPattern();
+    picture.begin();
+
+    // then
+    QCOMPARE(picture.take(), pattern());
+}
+
+void ScreenPictureTest::oneThatNobodyTakesIsNoHarm_data()
+{
+    QTest::addColumn<bool>("begun");
+
+    QTest::newRow("never begun") << false;
+    QTest::newRow("begun") << true;
+}
+
 void ScreenPictureTest::oneThatNobodyTakesIsNoHarm()
 {
+    QFETCH(bool, begun);
     {
-        const ScreenPicture forgotten(*QGuiApplication::primaryScreen());
+        ScreenPicture forgotten(*QGuiApplication::primaryScreen());
+        if (begun)
+            forgotten.begin();
     }
     QCOMPARE(ScreenPicture(*QGuiApplication::primaryScreen()).take(), pattern());
 }

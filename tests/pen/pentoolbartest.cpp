@@ -7,6 +7,7 @@
 #include "tests/support/cursorstack.h"
 #include "tests/support/metamethods.h"
 
+#include <QAbstractItemView>
 #include <QPropertyAnimation>
 #include <QRegularExpression>
 #include <QTest>
@@ -65,6 +66,23 @@ QImage iconOf(const QComboBox& box, int index)
     return box.itemIcon(index).pixmap(32, 32).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
+QComboBox& boxOfSizes(const PaletteProbe& palette)
+{
+    return *palette.sizeComboBox;
+}
+
+QComboBox& boxOfColours(const PaletteProbe& palette)
+{
+    return *palette.colorComboBox;
+}
+
+/// What a box's list looks like, whole.
+QImage listOf(QComboBox& box)
+{
+    box.view()->resize(150, 400);
+    return box.view()->grab().toImage();
+}
+
 }
 
 class PenToolbarTest : public QObject {
@@ -77,6 +95,8 @@ private slots:
     void itHasFiveSlotsAndNothingElse();
     void itsControlsLieAsAgreed();
     void itHasNoShapeChooser();
+    void itsListsAreNotMadeBeforeTheyOpen();
+    void itsListsShowTheIconsAsLargeAsTheBoxes();
     void itOffersSevenSizes();
     void aPresetSizeIsSelected_data();
     void aPresetSizeIsSelected();
@@ -142,6 +162,36 @@ void PenToolbarTest::itsControlsLieAsAgreed()
     QCOMPARE(palette.transparencyCheckBox->parentWidget(), &palette);
     QCOMPARE(palette.transparencyCheckBox->pos(), QPoint(205, 45));
     QCOMPARE(palette.transparencyCheckBox->text(), QString("Transparent"));
+}
+
+void PenToolbarTest::itsListsAreNotMadeBeforeTheyOpen()
+{
+    // Given
+    Tool tool;
+
+    // When
+    tool.palette.ensurePolished();
+    tool.palette.grab();
+
+    // Then
+    QCOMPARE(tool.palette.findChildren<QAbstractItemView*>().size(), 0);
+}
+
+void PenToolbarTest::itsListsShowTheIconsAsLargeAsTheBoxes()
+{
+    // Given
+    const Tool tool;
+    const Tool told;
+
+    for (const auto box : {&boxOfSizes, &boxOfColours}) {
+        // When
+        QComboBox& asItIs = box(tool.palette);
+        QComboBox& explicitly = box(told.palette);
+        explicitly.setIconSize(explicitly.iconSize());
+
+        // Then
+        QCOMPARE(listOf(asItIs), listOf(explicitly));
+    }
 }
 
 void PenToolbarTest::itHasNoShapeChooser()
