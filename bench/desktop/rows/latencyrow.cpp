@@ -8,8 +8,7 @@ namespace Bench {
 
 namespace {
 
-constexpr int usualMoves = 1000;
-constexpr int peersMoves = 200;
+constexpr int moves = 1000;
 constexpr int step = 12; // pixels
 
 }
@@ -19,8 +18,8 @@ QByteArray LatencyRow::method() const
     return "One stroke of 1,000 moves, 12 pixels apart, in lines over the whole width. After each "
            "move the pixel under the pointer is read in a tight loop until it has the pen's "
            "colour; the next move comes a millisecond after the last, as from the fastest common "
-           "mice, or when its ink has come. Those of others 200 moves, for time's sake. Processor "
-           "time is the program's own, in all threads, without the compositor's.";
+           "mice, or when its ink has come. Processor time is the program's own, in all threads, "
+           "without the compositor's.";
 }
 
 QList<QSize> LatencyRow::screens() const
@@ -31,7 +30,6 @@ QList<QSize> LatencyRow::screens() const
 void LatencyRow::measure(Trial& trial, Record& record) const
 {
     trial.waitUntilReady();
-    const int moves = trial.annotator.role() == Annotator::Role::Peer ? peersMoves : usualMoves;
     const QList<QPoint> path = lines(trial.paper, moves + 1, step);
     trial.beginStroke(path.first());
     const auto before = trial.meter.processorTime();
