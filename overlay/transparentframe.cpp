@@ -3,6 +3,7 @@
 #include "os/screencover.h"
 #include "overlay/frameenginert.h"
 #include "overlay/frameenginess.h"
+#include "overlay/windowplatform.h"
 #include "overlay/windowutils.h"
 
 #include <QGuiApplication>
@@ -113,6 +114,10 @@ void TransparentFrame::showEvent(QShowEvent* event)
 
 void TransparentFrame::paintEvent(QPaintEvent* event)
 {
+    // The first time there is a new buffer, and with it something large that the server has to make (seen in
+    // Qt 6.4.2). It does so while the frame is painted.
+    if (event->rect() == rect())
+        windowPlatform(QGuiApplication::platformName()).sendRequests();
     engine->paint(this);
     event->accept();
 }

@@ -26,6 +26,9 @@ public:
     virtual void raiseAboveAll(QWindow& window) const = 0;
     /// Gives the keyboard to a window that is shown.
     virtual void takeKeyboard(QWindow& window) const = 0;
+    /// Has the window system begin with what the toolkit has asked for so far. The toolkit keeps its requests
+    /// until it has more.
+    virtual void sendRequests() const = 0;
 };
 
 /// The window system of a platform plug-in's name; one that does nothing for names it does not know.

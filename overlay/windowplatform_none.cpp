@@ -20,4 +20,6 @@ void WindowPlatformNone::takeKeyboard(QWindow& window) const
     window.requestActivate();
 }
 
+void WindowPlatformNone::sendRequests() const { }
+
 }

@@ -1,6 +1,7 @@
 #include "overlay/windowplatform_x11.h"
 
 #include "os/windowlayer.h"
+#include "os/x11/connection.h"
 #include "os/x11/x11window.h"
 
 #include <QWindow>
@@ -70,6 +71,11 @@ void WindowPlatformX11::raiseAboveAll(QWindow& window) const
 void WindowPlatformX11::takeKeyboard(QWindow& window) const
 {
     X11::activate(window.winId());
+}
+
+void WindowPlatformX11::sendRequests() const
+{
+    xcb_flush(X11::connection());
 }
 
 }

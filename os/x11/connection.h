@@ -13,7 +13,7 @@ namespace osUtils::X11 {
 /// The root window of a server's first screen.
 [[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* server);
 
-// These need the connection.
+// These need the connection, and belong to the main thread.
 [[nodiscard]] xcb_window_t rootWindow();
 [[nodiscard]] xcb_atom_t atom(QByteArrayView name);
 
