@@ -14,6 +14,8 @@ constexpr auto icewmPreferences = "TaskBarShowClock=0\n"
                                   "WorkspaceNames=\"1\",\"2\"\n";
 constexpr auto fluxboxInit = "session.screen0.toolbar.tools: workspacename\n"
                              "session.screen0.workspaces: 2\n";
+// Of the style. Else it has a script set a picture, which on a busy machine fails and says so in a dialog.
+constexpr auto fluxboxOverlay = "background: none\n";
 constexpr auto kwinSettings = "[Desktops]\nNumber=2\n";
 // Not the default one, which starts programs and a dialog. Without the first line it is taken for the
 // file of an old version, and the default one for the new.
@@ -25,9 +27,10 @@ const Environment memorySettings{{"GSETTINGS_BACKEND", "memory"}};
 const std::array recipes{
     ManagerRecipe{.name = "none", .program = ""},
     ManagerRecipe{.name = "openbox", .program = "/usr/bin/openbox", .arguments = {"--sm-disable"}},
-    ManagerRecipe{.name = "fluxbox",
-                  .program = "/usr/bin/fluxbox",
-                  .settings = {{".fluxbox/init", fluxboxInit}}},
+    ManagerRecipe{
+        .name = "fluxbox",
+        .program = "/usr/bin/fluxbox",
+        .settings = {{".fluxbox/init", fluxboxInit}, {".fluxbox/overlay", fluxboxOverlay}}},
     // It asks for its own settings over a message bus.
     ManagerRecipe{.name = "xfwm4",
                   .program = "/usr/bin/xfwm4",
