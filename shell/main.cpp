@@ -1,4 +1,6 @@
 #include "os/fontpreload.h"
+#include "os/platformpreload.h"
+#include "os/sessionbuspreload.h"
 #include "pen/penframe.h"
 #include "pen/pentoolbar.h"
 #include "shell/fatalmessages.h"
@@ -14,6 +16,7 @@ int main(int argc, char** argv)
 
     // GLib's event loop takes longer from event to event, and nothing here needs it.
     qputenv("QT_NO_GLIB", "1");
+    const osUtils::System::PlatformPreload platform;
     const osUtils::System::FontPreload fonts;
     endOnFatalMessages();
     QSettings settings("Varnholt", "Korvel");
@@ -21,8 +24,11 @@ int main(int argc, char** argv)
     settings.setValue("resourceFile", "vellumcraft.rcc");
 
     Helpers::NQt::NorvikApplication application(settings, argc, argv);
+    // They are stored at the end, not before the first picture.
+    QCoreApplication::removePostedEvents(&settings, QEvent::UpdateRequest);
     // From here on a fatal message is a fault to be looked into.
     qInstallMessageHandler(nullptr);
+    const osUtils::System::SessionBusPreload sessionBus;
     loadNoMorePlugins();
     const PenArguments pen = penArguments(QCoreApplication::arguments());
 
