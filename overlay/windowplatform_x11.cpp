@@ -1,6 +1,7 @@
 #include "overlay/windowplatform_x11.h"
 
 #include "os/windowlayer.h"
+#include "os/x11/atoms.h"
 #include "os/x11/connection.h"
 #include "os/x11/x11window.h"
 
@@ -11,31 +12,19 @@ namespace Helpers::NQt {
 
 namespace X11 = osUtils::X11;
 
-namespace {
-
-// Read by picom (and its forerunner, whose name it bears), from the window manager's outermost frame.
-constexpr auto picomShadow = "_COMPTON_SHADOW";
-// Read by the compositors of mutter and metacity: with invisible borders of no width there is none to
-// put a shadow around.
-constexpr auto frameExtents = "_GTK_FRAME_EXTENTS";
-// Where compositors need not look for what shines through.
-constexpr auto opaqueRegion = "_NET_WM_OPAQUE_REGION";
-
-}
-
 void WindowPlatformX11::setShadow(const QWindow& window, bool shadow) const
 {
     const WId id = window.winId();
     if (shadow)
-        X11::deleteProperty(id, frameExtents);
+        X11::deleteProperty(id, X11::frameExtents);
     else
-        X11::setCardinals(id, frameExtents, {0, 0, 0, 0});
+        X11::setCardinals(id, X11::frameExtents, {0, 0, 0, 0});
 
     for (const WId level : X11::windowAndFrames(id)) {
         if (shadow)
-            X11::deleteProperty(level, picomShadow);
+            X11::deleteProperty(level, X11::picomShadow);
         else
-            X11::setCardinals(level, picomShadow, {0});
+            X11::setCardinals(level, X11::picomShadow, {0});
     }
 }
 
@@ -51,11 +40,11 @@ void WindowPlatformX11::setInputRegion(const QWindow& window,
 void WindowPlatformX11::setOpaque(const QWindow& window, bool opaque) const
 {
     if (!opaque) {
-        X11::deleteProperty(window.winId(), opaqueRegion);
+        X11::deleteProperty(window.winId(), X11::wmOpaqueRegion);
         return;
     }
     const QSizeF size = QSizeF(window.size()) * window.devicePixelRatio();
-    X11::setCardinals(window.winId(), opaqueRegion,
+    X11::setCardinals(window.winId(), X11::wmOpaqueRegion,
                       {0, 0, static_cast<quint32>(qCeil(size.width())),
                        static_cast<quint32>(qCeil(size.height()))});
 }

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <QByteArrayView>
-
 #include <xcb/xcb.h>
 
 /// The toolkit's own connection to the X server.
@@ -13,8 +11,7 @@ namespace osUtils::X11 {
 /// The root window of a server's first screen.
 [[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* server);
 
-// These need the connection, and belong to the main thread.
+/// That of the toolkit's connection, which it needs.
 [[nodiscard]] xcb_window_t rootWindow();
-[[nodiscard]] xcb_atom_t atom(QByteArrayView name);
 
 }

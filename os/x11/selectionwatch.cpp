@@ -1,5 +1,6 @@
 #include "os/x11/selectionwatch.h"
 
+#include "os/x11/atoms.h"
 #include "os/x11/connection.h"
 #include "os/x11/replypointer.h"
 #include "os/x11/structurenotice.h"

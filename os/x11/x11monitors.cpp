@@ -2,16 +2,21 @@
 
 #include "os/x11/connection.h"
 #include "os/x11/replypointer.h"
+#include "os/x11/structurenotice.h"
+
+#include <QAbstractNativeEventFilter>
+#include <QCoreApplication>
 
 #include <xcb/randr.h>
 
+#include <optional>
+
 namespace osUtils::X11 {
 
-QList<QRect> monitors()
+namespace {
+
+QList<QRect> askForMonitors()
 {
-    // A request to an extension that is not there would close the connection.
-    if (!xcb_get_extension_data(connection(), &xcb_randr_id)->present)
-        return {};
     constexpr uint8_t onlyThoseInUse = 1;
     const auto cookie = xcb_randr_get_monitors(connection(), rootWindow(), onlyThoseInUse);
     const ReplyPointer<xcb_randr_get_monitors_reply_t> reply(
@@ -25,6 +30,54 @@ QList<QRect> monitors()
         places.append({info.x, info.y, info.width, info.height});
     }
     return places;
+}
+
+/// Forgets the monitors when the toolkit, whose screens they are compared with, is told of a change.
+class KnownMonitors : private QAbstractNativeEventFilter {
+public:
+    explicit KnownMonitors(uint8_t extensionsFirstEvent);
+    QList<QRect> places();
+
+private:
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+    uint8_t firstEvent;
+    std::optional<QList<QRect>> known;
+};
+
+KnownMonitors::KnownMonitors(uint8_t extensionsFirstEvent)
+    : firstEvent(extensionsFirstEvent)
+{
+    QCoreApplication::instance()->installNativeEventFilter(this);
+}
+
+QList<QRect> KnownMonitors::places()
+{
+    if (!known)
+        known = askForMonitors();
+    return *known;
+}
+
+bool KnownMonitors::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
+                                      qintptr* /*result*/)
+{
+    const auto* event = static_cast<const xcb_generic_event_t*>(message);
+    const int code = (event->response_type & ~sentByAClient) - firstEvent;
+    if (code == XCB_RANDR_SCREEN_CHANGE_NOTIFY || code == XCB_RANDR_NOTIFY)
+        known.reset();
+    return false;
+}
+
+}
+
+QList<QRect> monitors()
+{
+    // A request to an extension that is not there would close the connection.
+    const xcb_query_extension_reply_t* randr = xcb_get_extension_data(connection(), &xcb_randr_id);
+    if (!randr->present)
+        return {};
+    static KnownMonitors known(randr->first_event);
+    return known.places();
 }
 
 }

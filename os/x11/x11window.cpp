@@ -1,7 +1,9 @@
 #include "os/x11/x11window.h"
 
+#include "os/x11/atoms.h"
 #include "os/x11/connection.h"
 #include "os/x11/replypointer.h"
+#include "os/x11/x11rectangles.h"
 
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
@@ -16,7 +18,7 @@ namespace {
 // The length of text properties that are read, in units of four bytes.
 constexpr uint32_t longestName = 64;
 
-QByteArray propertyValue(xcb_window_t window, const char* property)
+QByteArray propertyValue(xcb_window_t window, QByteArrayView property)
 {
     const auto cookie = xcb_get_property(connection(), false, window, atom(property),
                                          XCB_GET_PROPERTY_TYPE_ANY, 0, longestName);
@@ -51,12 +53,7 @@ void askWindowManager(WId window, QByteArrayView request, std::initializer_list<
 void setShape(xcb_shape_sk_t kind, WId window, const std::optional<QRegion>& region)
 {
     if (region) {
-        std::vector<xcb_rectangle_t> rectangles;
-        for (const QRect& rect : *region) {
-            rectangles.push_back({static_cast<int16_t>(rect.x()), static_cast<int16_t>(rect.y()),
-                                  static_cast<uint16_t>(rect.width()),
-                                  static_cast<uint16_t>(rect.height())});
-        }
+        const std::vector<xcb_rectangle_t> rectangles = x11Rectangles(*region);
         xcb_shape_rectangles(connection(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED,
                              toWindow(window), 0, 0, static_cast<uint32_t>(rectangles.size()),
                              rectangles.data());
@@ -78,26 +75,24 @@ QByteArray windowManagerName()
     // The window manager announces itself by a window of its own, which carries its name. That window
     // points to itself, or it is another one: the root window's property outlives a window manager
     // that has crashed, and the number is given anew.
-    constexpr auto announcement = "_NET_SUPPORTING_WM_CHECK";
-    const QByteArray check = propertyValue(rootWindow(), announcement);
+    const QByteArray check = propertyValue(rootWindow(), supportingWmCheck);
     if (check.size() != sizeof(xcb_window_t))
         return {};
     xcb_window_t window = XCB_WINDOW_NONE;
     std::copy(check.begin(), check.end(), reinterpret_cast<char*>(&window));
-    if (propertyValue(window, announcement) != check)
+    if (propertyValue(window, supportingWmCheck) != check)
         return {};
-    return propertyValue(window, "_NET_WM_NAME");
+    return propertyValue(window, wmName);
 }
 
 void setWindowLayer(WId window, const System::WindowLayer& layer)
 {
     // The standard's order of preference: a window manager takes the first type that it knows.
     const bool dock = layer.type == System::WindowLayer::Type::Dock;
-    const std::array<xcb_atom_t, 2> types{
-        atom(dock ? "_NET_WM_WINDOW_TYPE_DOCK" : "_NET_WM_WINDOW_TYPE_NOTIFICATION"),
-        atom("_NET_WM_WINDOW_TYPE_NORMAL")};
-    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window),
-                        atom("_NET_WM_WINDOW_TYPE"), XCB_ATOM_ATOM, 32, types.size(), types.data());
+    const std::array<xcb_atom_t, 2> types{atom(dock ? wmWindowTypeDock : wmWindowTypeNotification),
+                                          atom(wmWindowTypeNormal)};
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window), atom(wmWindowType),
+                        XCB_ATOM_ATOM, 32, types.size(), types.data());
     xcb_flush(connection());
 }
 
@@ -150,21 +145,21 @@ void allowAnySize(WId window)
 void keepAbove(WId window)
 {
     // Action 1 adds the state, source 1 is a normal application.
-    askWindowManager(window, "_NET_WM_STATE", {1, atom("_NET_WM_STATE_ABOVE"), 0, 1});
+    askWindowManager(window, wmState, {1, atom(wmStateAbove), 0, 1});
 }
 
 void activate(WId window)
 {
     // Source 2 is the user. Time 0 is that of the request: a time of the last event would be older than
     // the window manager's own change of the focus, and the server would ignore it.
-    askWindowManager(window, "_NET_ACTIVE_WINDOW", {2, 0});
+    askWindowManager(window, activeWindow, {2, 0});
     // Xfwm4 (seen in 4.18) takes a dock for focused already when its dialog is gone, and the keyboard
     // is nobody's. Where no window manager runs, nobody hears the request.
-    // Checked, so that the toolkit does not report the error where the window is gone or not on the
-    // screen.
     const auto cookie = xcb_set_input_focus_checked(connection(), XCB_INPUT_FOCUS_PARENT,
                                                     toWindow(window), XCB_CURRENT_TIME);
-    const ReplyPointer<xcb_generic_error_t> error(xcb_request_check(connection(), cookie));
+    // So that the toolkit does not report the error where the window is gone or not on the screen.
+    xcb_discard_reply(connection(), cookie.sequence);
+    xcb_flush(connection());
 }
 
 WId focusedWindow()
@@ -184,7 +179,7 @@ void requestSize(WId window, QSize size)
     xcb_flush(connection());
 }
 
-void setCardinals(WId window, const char* property, std::initializer_list<quint32> values)
+void setCardinals(WId window, QByteArrayView property, std::initializer_list<quint32> values)
 {
     xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window), atom(property),
                         XCB_ATOM_CARDINAL, 32, static_cast<uint32_t>(values.size()),
@@ -192,7 +187,7 @@ void setCardinals(WId window, const char* property, std::initializer_list<quint3
     xcb_flush(connection());
 }
 
-void deleteProperty(WId window, const char* property)
+void deleteProperty(WId window, QByteArrayView property)
 {
     xcb_delete_property(connection(), toWindow(window), atom(property));
     xcb_flush(connection());
@@ -208,7 +203,7 @@ std::vector<WId> windowAndFrames(WId window)
         if (!tree || current == tree->root)
             break;
         windows.push_back(current);
-        current = tree->parent;
+        current = tree->parent == tree->root ? xcb_window_t{XCB_WINDOW_NONE} : tree->parent;
     }
     return windows;
 }

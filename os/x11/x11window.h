@@ -3,6 +3,7 @@
 #include "os/windowlayer.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QPoint>
 #include <QRect>
 #include <QRegion>
@@ -56,8 +57,8 @@ void activate(WId window);
 void requestSize(WId window, QSize size);
 
 /// Sets a property to a list of cardinals.
-void setCardinals(WId window, const char* property, std::initializer_list<quint32> values);
-void deleteProperty(WId window, const char* property);
+void setCardinals(WId window, QByteArrayView property, std::initializer_list<quint32> values);
+void deleteProperty(WId window, QByteArrayView property);
 
 /// The window and the frames that the window manager has put around it, innermost first, without
 /// the root.
