@@ -24,9 +24,21 @@ bool isReleased(std::future<void>& release)
     }
 }
 
+/// None if they have not been written.
+SharedPixels pixelsOf(std::future<SharedPixels>& written)
+{
+    try {
+        return written.get();
+    } catch (const std::future_error&) {
+        return {};
+    }
+}
+
 /// Over a connection of its own: on the toolkit's, every answer that it waits for would queue up
 /// behind the picture.
-QImage pictureApart(xcb_connection_t* toolkits, const QRect& place, std::future<void> release)
+/// @param written  kept if the window system writes the picture to shared memory, as soon as it has
+QImage pictureApart(xcb_connection_t* toolkits, const QRect& place, std::future<void> release,
+                    std::promise<SharedPixels> written)
 {
     const X11::OwnConnection own = X11::connectBeside(toolkits);
     if (!own)
@@ -34,8 +46,10 @@ QImage pictureApart(xcb_connection_t* toolkits, const QRect& place, std::future<
     X11::SharedPicture shared(own.get(), place.size());
     if (!isReleased(release))
         return {};
-    QImage picture = shared.take(place.topLeft());
-    return picture.isNull() ? X11::rootPicture(own.get(), place) : picture;
+    if (!shared.write(place.topLeft()))
+        return X11::rootPicture(own.get(), place);
+    written.set_value(shared.pixels());
+    return shared.picture();
 }
 
 }
@@ -46,10 +60,12 @@ ScreenPicture::ScreenPicture(const QScreen& screen)
     if (!place)
         return;
     release.emplace();
-    picture = inBackground(
-        [server = X11::connection(), area = *place, released = release->get_future()]() mutable {
-            return pictureApart(server, area, std::move(released));
-        });
+    std::promise<SharedPixels> write;
+    written = write.get_future();
+    picture = inBackground([server = X11::connection(), area = *place,
+                            released = release->get_future(), write = std::move(write)]() mutable {
+        return pictureApart(server, area, std::move(released), std::move(write));
+    });
 }
 
 void ScreenPicture::begin()
@@ -59,11 +75,28 @@ void ScreenPicture::begin()
     release.reset();
 }
 
-QImage ScreenPicture::take()
+bool ScreenPicture::secure()
 {
     begin();
     if (!place)
+        return false;
+    if (written.valid()) {
+        shared = pixelsOf(written);
+        if (!shared.memory)
+            finished = finish();
+    }
+    return !finished || !finished->isNull();
+}
+
+QImage ScreenPicture::take()
+{
+    if (!secure())
         return {};
+    return finished ? *std::exchange(finished, std::nullopt) : finish();
+}
+
+QImage ScreenPicture::finish()
+{
     QImage fetched = picture.valid() ? picture.get() : QImage();
     return fetched.isNull() ? X11::rootPicture(X11::connection(), *place) : fetched;
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "os/sharedpixels.h"
+
 #include <QImage>
 #include <QRect>
 
@@ -21,14 +23,26 @@ public:
     [[nodiscard]] bool isPossible() const { return place.has_value(); }
     /// Takes it. Meanwhile the window system answers nobody: whoever asks it something waits.
     void begin();
-    /// Waits for it, and begins if nobody has. To be called once, before the screen shows something new that
-    /// shall not be on it.
+    /// Begins if nobody has, and waits until the screen may show something new that shall not be on it. The
+    /// picture itself may take longer.
+    /// @return  false if there will be none
+    bool secure();
+    /// The memory that the window system has written the picture to, and that the one taken lies in. None
+    /// until it is secured, nor if it comes another way.
+    [[nodiscard]] const SharedPixels& pixels() const { return shared; }
+    /// Waits for it, and secures it if nobody has. To be called once.
     /// @return  null if it has failed
     [[nodiscard]] QImage take();
 
 private:
+    /// Fetched anew if that in the background has come to nothing.
+    QImage finish();
+
     std::optional<QRect> place; // in device pixels
     std::future<QImage> picture;
+    std::optional<QImage> finished;
+    std::future<SharedPixels> written;
+    SharedPixels shared;
     // Gone before the picture, which waits for it.
     std::optional<std::promise<void>> release;
 };

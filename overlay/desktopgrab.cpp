@@ -28,11 +28,11 @@ QRect rectAround(const std::vector<PlacedPicture>& pictures)
     return all;
 }
 
-QPixmap composed(const std::vector<PlacedPicture>& pictures, const QRect& area)
+QPixmap composed(std::vector<PlacedPicture> pictures, const QRect& area)
 {
-    // As it is, without a copy.
+    // As it is, without a copy: nor may the pixmap be another's, too, when it is given its ratio.
     if (pictures.size() == 1 && pictures.front().rect() == area)
-        return pictures.front().picture;
+        return std::move(pictures.front().picture);
     QPixmap whole(area.size());
     if (whole.isNull())
         return {};
@@ -55,20 +55,27 @@ DesktopGrab::ScreenGrab::ScreenGrab(QScreen& grabbed)
 void DesktopGrab::ScreenGrab::begin()
 {
     direct.begin();
+    // A grab without a size ends exactly at the screen's edge. One with a size is rounded from logical
+    // pixels and can miss the last column at a fractional ratio.
     if (!direct.isPossible() && screen && indirect.isNull())
+        indirect = screen->grabWindow(0);
+}
+
+void DesktopGrab::ScreenGrab::secure()
+{
+    begin();
+    if (!direct.secure() && screen && indirect.isNull())
         indirect = screen->grabWindow(0);
 }
 
 QPixmap DesktopGrab::ScreenGrab::take()
 {
+    secure();
     QImage fetched = direct.take();
     if (!fetched.isNull())
         return QPixmap::fromImage(std::move(fetched), Qt::NoFormatConversion);
-    // A grab without a size ends exactly at the screen's edge. One with a size is rounded from logical
-    // pixels and can miss the last column at a fractional ratio.
-    QPixmap grabbed = direct.isPossible() && screen ? screen->grabWindow(0) : indirect;
-    grabbed.setDevicePixelRatio(1.0);
-    return grabbed;
+    indirect.setDevicePixelRatio(1.0);
+    return indirect;
 }
 
 DesktopGrab::DesktopGrab(const QList<QScreen*>& screens, std::optional<QRect> wanted,
@@ -100,9 +107,21 @@ void DesktopGrab::begin()
         part.begin();
 }
 
-QPixmap DesktopGrab::take()
+void DesktopGrab::secure()
 {
     begin();
+    for (ScreenGrab& part : parts)
+        part.secure();
+}
+
+osUtils::System::SharedPixels DesktopGrab::pixels() const
+{
+    return parts.size() == 1 && !area ? parts.front().pixels() : osUtils::System::SharedPixels();
+}
+
+QPixmap DesktopGrab::take()
+{
+    secure();
     std::vector<PlacedPicture> pictures;
     for (ScreenGrab& part : parts) {
         PlacedPicture placed{part.take(), part.origin()};
@@ -111,7 +130,8 @@ QPixmap DesktopGrab::take()
     }
     if (pictures.empty())
         return {};
-    QPixmap picture = composed(pictures, area.value_or(rectAround(pictures)));
+    const QRect whole = area.value_or(rectAround(pictures));
+    QPixmap picture = composed(std::move(pictures), whole);
     picture.setDevicePixelRatio(ratio);
     return picture;
 }

@@ -27,8 +27,12 @@ public:
 
     /// Takes it, and returns while it is on its way.
     void begin();
-    /// Waits for it, and begins if nobody has. To be called once, before a window is shown that shall not be on
-    /// it.
+    /// Begins if nobody has, and waits until a window may be shown that shall not be on it.
+    void secure();
+    /// The memory that the picture, if it is of one whole screen, has been written to, and that the one taken lies
+    /// in. None until it is secured.
+    [[nodiscard]] osUtils::System::SharedPixels pixels() const;
+    /// Waits for it, and secures it if nobody has. To be called once.
     /// @return  null where the window system refuses it
     [[nodiscard]] QPixmap take();
 
@@ -41,6 +45,11 @@ private:
         /// Its place on the desktop, in device pixels.
         [[nodiscard]] QPoint origin() const { return topLeft; }
         void begin();
+        void secure();
+        [[nodiscard]] const osUtils::System::SharedPixels& pixels() const
+        {
+            return direct.pixels();
+        }
         /// With a device pixel ratio of 1.
         [[nodiscard]] QPixmap take();
 

@@ -12,4 +12,9 @@ void FrameEngine::setDrawBack(bool wanted)
     drawBack = wanted;
 }
 
+bool FrameEngine::showBackground(const QWindow& /*window*/, const QRegion& /*region*/)
+{
+    return false;
+}
+
 }

@@ -2,6 +2,8 @@
 
 class QPaintDevice;
 class QPixmap;
+class QRegion;
+class QWindow;
 
 namespace Helpers::NQt {
 
@@ -23,6 +25,12 @@ public:
     virtual QPixmap* background() = 0;
     /// Begins to fetch the background that init() has prepared, and returns while it is on its way.
     virtual void fetchBackground() { }
+    /// Waits until the frame may be shown and will not be part of the background that init() has prepared.
+    virtual void secureBackground() { }
+    /// Has the window system show the background on a part of the frame's window by itself, without painting.
+    /// @param region  in logical pixels of the window
+    /// @return  false if it cannot, and nothing is shown
+    virtual bool showBackground(const QWindow& window, const QRegion& region);
 
 protected:
     explicit FrameEngine(TransparentFrame* owner);

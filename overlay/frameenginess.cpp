@@ -1,10 +1,13 @@
 #include "overlay/frameenginess.h"
 
+#include "overlay/screengeometry.h"
 #include "overlay/transparentframe.h"
+#include "overlay/windowplatform.h"
 
 #include <QGuiApplication>
 #include <QPainter>
 #include <QScreen>
+#include <QWindow>
 
 #include <utility>
 
@@ -35,6 +38,7 @@ void FrameEngineSS::printScreen()
     QScreen* const home =
         QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
     pixmap = QPixmap();
+    pixels = {};
     coming.reset();
     if (!home)
         return;
@@ -44,6 +48,7 @@ void FrameEngineSS::printScreen()
 
 QPixmap* FrameEngineSS::background()
 {
+    secureBackground();
     if (coming)
         pixmap = std::exchange(coming, std::nullopt)->take();
     return &pixmap;
@@ -53,6 +58,27 @@ void FrameEngineSS::fetchBackground()
 {
     if (coming)
         coming->begin();
+}
+
+void FrameEngineSS::secureBackground()
+{
+    if (!coming)
+        return;
+    coming->secure();
+    pixels = coming->pixels();
+}
+
+bool FrameEngineSS::showBackground(const QWindow& window, const QRegion& region)
+{
+    return FrameEngine::drawBack && isInSharedMemory()
+        && windowPlatform(QGuiApplication::platformName())
+               .showPixels(window, pixels, deviceRegion(region, window.devicePixelRatio()));
+}
+
+bool FrameEngineSS::isInSharedMemory() const
+{
+    // A tool that puts another picture in its place has left the memory.
+    return pixels.memory && (coming || pixmap.toImage().constBits() == pixels.memory->data());
 }
 
 void FrameEngineSS::paint(QPaintDevice* device)

@@ -19,14 +19,15 @@ public:
     FrameEngineSS(TransparentFrame* frame, int screen);
     ~FrameEngineSS() override = default;
 
-    /// Prepares a new picture of the frame's place, which is taken when fetchBackground() or background() is
-    /// called. The frame must not be visible then, or it is part of it.
+    /// Prepares a new picture of the frame's place, which is taken when fetchBackground(), secureBackground() or
+    /// background() is called. The frame must not be visible then, or it is part of it.
     void init() override;
     void paint(QPaintDevice* device) override;
-    /// The picture; null inside until the first init() and after a failed one. Waits for a new one, which
-    /// must not happen later than when the frame is shown.
+    /// The picture; null inside until the first init() and after a failed one. Waits for a new one.
     QPixmap* background() override;
     void fetchBackground() override;
+    void secureBackground() override;
+    bool showBackground(const QWindow& window, const QRegion& region) override;
 
     /// Draws a part of the picture, pixel for pixel.
     /// @param at  place of the part's top-left corner on the target, logical pixels
@@ -37,8 +38,11 @@ public:
 
 private:
     void printScreen();
+    [[nodiscard]] bool isInSharedMemory() const;
 
     std::optional<DesktopGrab> coming;
+    /// What the picture lies in as long as it is the one that was taken.
+    osUtils::System::SharedPixels pixels;
     QPixmap pixmap;
     int screen;
 };

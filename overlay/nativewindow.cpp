@@ -1,5 +1,6 @@
 #include "overlay/nativewindow.h"
 
+#include "overlay/screengeometry.h"
 #include "overlay/windowplatform.h"
 
 #include <QChildEvent>
@@ -166,17 +167,14 @@ void NativeWindow::applyOpaque() const
 
 QRegion childRegion(const QWidget& window)
 {
-    const qreal ratio = window.devicePixelRatioF();
     QRegion region;
     for (const QObject* child : window.children()) {
         const auto* part = qobject_cast<const QWidget*>(child);
         if (!part || part->isWindow() || part->isHidden())
             continue;
-        const QRect geometry = part->geometry();
-        region += QRectF(QPointF(geometry.topLeft()) * ratio, QSizeF(geometry.size()) * ratio)
-                      .toAlignedRect();
+        region += part->geometry();
     }
-    return region;
+    return deviceRegion(region, window.devicePixelRatioF());
 }
 
 }

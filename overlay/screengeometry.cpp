@@ -39,4 +39,14 @@ QRect deviceRect(const QRect& area, QPoint screenOrigin, qreal ratio)
     return {screenOrigin + offset.toPoint(), QSize(qCeil(size.width()), qCeil(size.height()))};
 }
 
+QRegion deviceRegion(const QRegion& region, qreal ratio)
+{
+    QRegion pixels;
+    for (const QRect& rect : region) {
+        pixels +=
+            QRectF(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio).toAlignedRect();
+    }
+    return pixels;
+}
+
 }

@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QRect>
+#include <QRegion>
 
 /// Where screens lie, as functions of rectangles.
 ///
@@ -19,5 +20,10 @@ namespace Helpers::NQt {
 /// @param screenOrigin  top-left corner of that screen
 /// @param ratio  device pixels for each logical pixel of that screen
 [[nodiscard]] QRect deviceRect(const QRect& area, QPoint screenOrigin, qreal ratio);
+
+/// All device pixels of a window that a region has a part in.
+/// @param region  in logical coordinates of the window
+/// @param ratio  device pixels for each logical pixel
+[[nodiscard]] QRegion deviceRegion(const QRegion& region, qreal ratio);
 
 }

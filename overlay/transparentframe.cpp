@@ -1,6 +1,7 @@
 #include "overlay/transparentframe.h"
 
 #include "os/screencover.h"
+#include "overlay/backgroundexposure.h"
 #include "overlay/frameenginert.h"
 #include "overlay/frameenginess.h"
 #include "overlay/windowplatform.h"
@@ -41,6 +42,7 @@ TransparentFrame::TransparentFrame(QWidget* parent, int engineType, int width, i
 {
     const int screen = Utils::findScreenHoldingMouse();
     engine = makeEngine(engineType, this, screen);
+    exposure = std::make_unique<BackgroundExposure>(*this, *engine);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowFlags(Qt::FramelessWindowHint);
     coverScreen(screen, QSize(width, height));
@@ -75,6 +77,11 @@ void TransparentFrame::updateCursor() { }
 
 void TransparentFrame::draw(QPaintDevice* /*device*/) { }
 
+QRegion TransparentFrame::drawnRegion() const
+{
+    return rect();
+}
+
 bool TransparentFrame::getDrawBack() const
 {
     return engine->drawBack;
@@ -108,7 +115,7 @@ void TransparentFrame::mousePressEvent(QMouseEvent* /*event*/)
 void TransparentFrame::showEvent(QShowEvent* event)
 {
     // From here on a picture of the screen would be one of the frame.
-    engine->background();
+    engine->secureBackground();
     QMainWindow::showEvent(event);
 }
 

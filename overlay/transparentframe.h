@@ -9,6 +9,7 @@ class QPixmap;
 /// Toolkit helpers: the overlay frame, its engines and the native window's properties.
 namespace Helpers::NQt {
 
+class BackgroundExposure;
 class FrameEngine;
 
 /// A borderless window over the whole screen under the mouse, on which a tool draws. Its engine
@@ -30,6 +31,9 @@ public:
     /// Paints the tool's content. Called on every paint, after the background.
     /// @param device  to be painted on in the frame's coordinates, logical pixels
     virtual void draw(QPaintDevice* device);
+    /// Where draw() paints anything at present. A tool that knows it is shown sooner.
+    /// @return  in logical pixels; all of the frame by default
+    [[nodiscard]] virtual QRegion drawnRegion() const;
 
     /// Whether the engine paints the background.
     [[nodiscard]] bool getDrawBack() const;
@@ -55,6 +59,7 @@ private:
     void coverScreen(int screen, QSize size);
 
     std::unique_ptr<FrameEngine> engine;
+    std::unique_ptr<BackgroundExposure> exposure;
 };
 
 }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "os/sharedpixels.h"
+
 #include <QRegion>
 #include <QString>
 
@@ -29,6 +31,13 @@ public:
     /// Has the window system begin with what the toolkit has asked for so far. The toolkit keeps its requests
     /// until it has more.
     virtual void sendRequests() const = 0;
+    /// Has the window system copy pixels to a window, past the toolkit.
+    /// @param pixels  those of the whole window
+    /// @param region  the part of the window that is copied, in device pixels
+    /// @return  false if it cannot, and nothing is copied
+    [[nodiscard]] virtual bool showPixels(const QWindow& window,
+                                          const osUtils::System::SharedPixels& pixels,
+                                          const QRegion& region) const = 0;
 };
 
 /// The window system of a platform plug-in's name; one that does nothing for names it does not know.

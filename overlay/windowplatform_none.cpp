@@ -22,4 +22,11 @@ void WindowPlatformNone::takeKeyboard(QWindow& window) const
 
 void WindowPlatformNone::sendRequests() const { }
 
+bool WindowPlatformNone::showPixels(const QWindow& /*window*/,
+                                    const osUtils::System::SharedPixels& /*pixels*/,
+                                    const QRegion& /*region*/) const
+{
+    return false;
+}
+
 }

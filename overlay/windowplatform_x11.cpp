@@ -3,6 +3,7 @@
 #include "os/windowlayer.h"
 #include "os/x11/atoms.h"
 #include "os/x11/connection.h"
+#include "os/x11/shownpixels.h"
 #include "os/x11/x11window.h"
 
 #include <QWindow>
@@ -65,6 +66,13 @@ void WindowPlatformX11::takeKeyboard(QWindow& window) const
 void WindowPlatformX11::sendRequests() const
 {
     xcb_flush(X11::connection());
+}
+
+bool WindowPlatformX11::showPixels(const QWindow& window,
+                                   const osUtils::System::SharedPixels& pixels,
+                                   const QRegion& region) const
+{
+    return X11::showPixels(window.winId(), pixels, region);
 }
 
 }

@@ -13,6 +13,9 @@ public:
     void raiseAboveAll(QWindow& window) const override;
     void takeKeyboard(QWindow& window) const override;
     void sendRequests() const override;
+    [[nodiscard]] bool showPixels(const QWindow& window,
+                                  const osUtils::System::SharedPixels& pixels,
+                                  const QRegion& region) const override;
 };
 
 }

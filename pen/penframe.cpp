@@ -173,6 +173,14 @@ QRect PenFrame::liveBox() const
     return shapeBox(startPoint.toPoint(), currentPoint.toPoint()).adjusted(-2, -2, 2, 2);
 }
 
+QRegion PenFrame::drawnRegion() const
+{
+    // While a stroke lies bare the picture is part of what is drawn.
+    if (!getDrawBack())
+        return rect();
+    return drawing && isFreehand() ? QRegion(liveBox()) + strokeRect : QRegion(liveBox());
+}
+
 void PenFrame::computeRect()
 {
     if (!isFreehand()) {

@@ -37,6 +37,7 @@ public:
 
     void updateCursor() override;
     void draw(QPaintDevice* device) override;
+    [[nodiscard]] QRegion drawnRegion() const override;
 
 public slots:
     void setPen(QColor color);

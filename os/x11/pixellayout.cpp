@@ -8,7 +8,6 @@ namespace osUtils::X11 {
 
 namespace {
 
-constexpr uint8_t trueColourDepth = 24;
 constexpr uint8_t bitsPerPixel = 32;
 constexpr QRgb opaque = 0xff000000;
 
@@ -29,7 +28,7 @@ bool hasWidePixels(const xcb_setup_t& setup)
 {
     for (auto format = xcb_setup_pixmap_formats_iterator(&setup); format.rem;
          xcb_format_next(&format)) {
-        if (format.data->depth == trueColourDepth)
+        if (format.data->depth == toolkitsDepth)
             return format.data->bits_per_pixel == bitsPerPixel;
     }
     return false;
@@ -44,7 +43,7 @@ bool hasToolkitsPixels(const xcb_setup_t& setup)
         ? XCB_IMAGE_ORDER_LSB_FIRST
         : XCB_IMAGE_ORDER_MSB_FIRST;
     const xcb_visualtype_t* visual = visualOf(screen);
-    return setup.image_byte_order == ownOrder && screen.root_depth == trueColourDepth && visual
+    return setup.image_byte_order == ownOrder && screen.root_depth == toolkitsDepth && visual
         && visual->red_mask == 0xff0000 && visual->green_mask == 0xff00 && visual->blue_mask == 0xff
         && hasWidePixels(setup);
 }

@@ -6,6 +6,9 @@
 
 namespace osUtils::X11 {
 
+/// The depth of a screen whose pixels are laid out as the toolkit's of 32 bits.
+constexpr uint8_t toolkitsDepth = 24;
+
 /// Whether the pixels of a server's screen are laid out as the toolkit's of 32 bits.
 [[nodiscard]] bool hasToolkitsPixels(const xcb_setup_t& setup);
 

@@ -8,8 +8,6 @@
 
 #include <xcb/shm.h>
 
-#include <unistd.h>
-
 namespace osUtils::X11 {
 
 namespace {
@@ -26,14 +24,9 @@ bool takesMemory(xcb_connection_t* server)
     return version && (version->major_version > 1 || version->minor_version >= 2);
 }
 
-bool hasSucceeded(xcb_connection_t* server, xcb_void_cookie_t request)
-{
-    return !ReplyPointer<xcb_generic_error_t>(xcb_request_check(server, request));
-}
-
 void release(void* memory)
 {
-    delete static_cast<SharedMemory*>(memory);
+    delete static_cast<std::shared_ptr<SharedMemory>*>(memory);
 }
 
 }
@@ -45,29 +38,25 @@ SharedPicture::SharedPicture(xcb_connection_t* theServer, QSize theSize)
     if (size.isEmpty() || !ServerAddress(server).isLocal()
         || !hasToolkitsPixels(*xcb_get_setup(server)) || !takesMemory(server))
         return;
-    memory = std::make_unique<SharedMemory>(static_cast<size_t>(size.width())
+    memory = std::make_shared<SharedMemory>(static_cast<size_t>(size.width())
                                             * static_cast<size_t>(size.height()) * sizeof(QRgb));
     // Set aside beforehand: else the server would wait for each page, and others for the server.
-    if (!memory->data() || !memory->reserve() || !attach())
+    if (memory->data() && memory->reserve())
+        segment.emplace(server, *memory, SharedSegment::Writable);
+    if (!segment || !segment->isTaken())
         memory.reset();
-}
-
-bool SharedPicture::attach()
-{
-    segment = xcb_generate_id(server);
-    constexpr uint8_t writable = 0;
-    // The library closes what it has sent.
-    return hasSucceeded(
-        server, xcb_shm_attach_fd_checked(server, segment, dup(memory->file().number()), writable));
 }
 
 bool SharedPicture::write(QPoint topLeft) const
 {
+    if (!memory)
+        return false;
     constexpr uint32_t allPlanes = ~0U;
-    const auto cookie = xcb_shm_get_image(
-        server, rootWindow(server), static_cast<int16_t>(topLeft.x()),
-        static_cast<int16_t>(topLeft.y()), static_cast<uint16_t>(size.width()),
-        static_cast<uint16_t>(size.height()), allPlanes, XCB_IMAGE_FORMAT_Z_PIXMAP, segment, 0);
+    const auto cookie =
+        xcb_shm_get_image(server, rootWindow(server), static_cast<int16_t>(topLeft.x()),
+                          static_cast<int16_t>(topLeft.y()), static_cast<uint16_t>(size.width()),
+                          static_cast<uint16_t>(size.height()), allPlanes,
+                          XCB_IMAGE_FORMAT_Z_PIXMAP, segment->id(), 0);
     xcb_flush(server);
     memory->populate(); // while the server writes
     const ReplyPointer<xcb_shm_get_image_reply_t> written(
@@ -75,12 +64,10 @@ bool SharedPicture::write(QPoint topLeft) const
     return written != nullptr;
 }
 
-QImage SharedPicture::take(QPoint topLeft)
+QImage SharedPicture::picture() const
 {
-    if (!memory || !write(topLeft))
-        return {};
-    void* const data = memory->data();
-    return toolkitsPicture(data, size, release, memory.release());
+    return toolkitsPicture(memory->data(), size, release,
+                           new std::shared_ptr<SharedMemory>(memory));
 }
 
 }

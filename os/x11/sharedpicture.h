@@ -1,13 +1,13 @@
 #pragma once
 
-#include "os/sharedmemory.h"
+#include "os/sharedpixels.h"
+#include "os/x11/sharedsegment.h"
 
 #include <QImage>
 #include <QRect>
 
-#include <xcb/shm.h>
-
 #include <memory>
+#include <optional>
 
 namespace osUtils::X11 {
 
@@ -21,18 +21,18 @@ public:
     /// @param size  in device pixels
     SharedPicture(xcb_connection_t* server, QSize size);
 
-    /// The picture, as rootPicture() would yield it. To be taken once.
-    /// @return  null, too, where the server is not of this machine or has not enough memory
-    [[nodiscard]] QImage take(QPoint topLeft);
+    /// Has the server write what the screen shows, from this place on, in device pixels.
+    /// @return  false, too, where the server is not of this machine or has not enough memory
+    [[nodiscard]] bool write(QPoint topLeft) const;
+    [[nodiscard]] System::SharedPixels pixels() const { return {memory, size}; }
+    /// What has been written, as rootPicture() would yield it: it lies in the same memory.
+    [[nodiscard]] QImage picture() const;
 
 private:
-    [[nodiscard]] bool attach();
-    [[nodiscard]] bool write(QPoint topLeft) const;
-
     xcb_connection_t* server;
     QSize size;
-    std::unique_ptr<System::SharedMemory> memory;
-    xcb_shm_seg_t segment = XCB_NONE;
+    std::shared_ptr<System::SharedMemory> memory;
+    std::optional<SharedSegment> segment;
 };
 
 }

@@ -28,8 +28,10 @@ private:
     [[nodiscard]] QImage rootPicture(const QRect& area) const
     {
         QFETCH_GLOBAL(bool, shared);
-        return shared ? osUtils::X11::SharedPicture(x.raw(), area.size()).take(area.topLeft())
-                      : osUtils::X11::rootPicture(x.raw(), area);
+        if (!shared)
+            return osUtils::X11::rootPicture(x.raw(), area);
+        const osUtils::X11::SharedPicture written(x.raw(), area.size());
+        return written.write(area.topLeft()) ? written.picture() : QImage();
     }
 
     const XConnection x{qgetenv("DISPLAY")};

@@ -1,0 +1,20 @@
+#pragma once
+
+#include "os/sharedmemory.h"
+
+#include <QSize>
+
+#include <memory>
+
+namespace osUtils::System {
+
+/// Pixels that the window system can read where they lie, row by row, laid out as the toolkit's of 32 bits and
+/// as those of the screen.
+struct SharedPixels {
+    /// Null if there are none.
+    std::shared_ptr<const SharedMemory> memory;
+    /// In device pixels.
+    QSize size;
+};
+
+}
