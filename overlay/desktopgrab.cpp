@@ -55,22 +55,26 @@ DesktopGrab::ScreenGrab::ScreenGrab(QScreen& grabbed)
 void DesktopGrab::ScreenGrab::begin()
 {
     direct.begin();
-    // A grab without a size ends exactly at the screen's edge. One with a size is rounded from logical
-    // pixels and can miss the last column at a fractional ratio.
-    if (!direct.isPossible() && screen && indirect.isNull())
-        indirect = screen->grabWindow(0);
+    if (!direct.isPossible())
+        grabIndirectly();
 }
 
 void DesktopGrab::ScreenGrab::secure()
 {
-    begin();
-    if (!direct.secure() && screen && indirect.isNull())
+    if (!direct.secure())
+        grabIndirectly();
+}
+
+void DesktopGrab::ScreenGrab::grabIndirectly()
+{
+    // A grab without a size ends exactly at the screen's edge. One with a size is rounded from logical
+    // pixels and can miss the last column at a fractional ratio.
+    if (screen && indirect.isNull())
         indirect = screen->grabWindow(0);
 }
 
 QPixmap DesktopGrab::ScreenGrab::take()
 {
-    secure();
     QImage fetched = direct.take();
     if (!fetched.isNull())
         return QPixmap::fromImage(std::move(fetched), Qt::NoFormatConversion);

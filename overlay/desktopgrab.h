@@ -50,10 +50,12 @@ private:
         {
             return direct.pixels();
         }
-        /// With a device pixel ratio of 1.
+        /// To be secured before. With a device pixel ratio of 1.
         [[nodiscard]] QPixmap take();
 
     private:
+        void grabIndirectly();
+
         QPointer<QScreen> screen;
         QPoint topLeft;
         osUtils::System::ScreenPicture direct;

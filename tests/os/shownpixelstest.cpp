@@ -57,7 +57,6 @@ private:
     const Screen screen{x};
     const QImage pattern = Backdrop::pattern(x.size()).copy(QRect({0, 0}, size));
     SharedPixels pixels;
-    QImage picture;
 };
 
 void ShownPixelsTest::initTestCase()
@@ -66,7 +65,6 @@ void ShownPixelsTest::initTestCase()
     const X11::SharedPicture shared(x.raw(), size);
     QVERIFY(shared.write({0, 0}));
     pixels = shared.pixels();
-    picture = shared.picture();
 }
 
 void ShownPixelsTest::theyAreShownInTheRegion_data()

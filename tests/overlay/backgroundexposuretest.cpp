@@ -1,3 +1,4 @@
+#include "overlay/screengeometry.h"
 #include "overlay/transparentframe.h"
 
 #include "tests/desktop/harness/backdrop.h"
@@ -6,7 +7,6 @@
 #include "tests/desktop/harness/screen.h"
 #include "tests/desktop/harness/xconnection.h"
 
-#include <QCursor>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QRegularExpression>
@@ -95,6 +95,7 @@ private slots:
 private:
     [[nodiscard]] QRect device(const QRect& part, const QWidget& frame) const;
     void expect(const QRect& part, const QColor& colour, const QWidget& frame);
+    void expectDrawn(const DrawingFrame& frame);
     void coverAndUncover(const QRect& part) const;
     [[nodiscard]] bool isShown() const { return difference(screen.grab(), expected).isEmpty(); }
 
@@ -113,13 +114,18 @@ void BackgroundExposureTest::init()
 
 QRect BackgroundExposureTest::device(const QRect& part, const QWidget& frame) const
 {
-    const qreal ratio = frame.devicePixelRatioF();
-    return QRectF(QPointF(part.topLeft()) * ratio, QSizeF(part.size()) * ratio).toAlignedRect();
+    return deviceRegion(part, frame.devicePixelRatioF()).boundingRect();
 }
 
 void BackgroundExposureTest::expect(const QRect& part, const QColor& colour, const QWidget& frame)
 {
     QPainter(&expected).fillRect(device(part, frame), colour);
+}
+
+void BackgroundExposureTest::expectDrawn(const DrawingFrame& frame)
+{
+    expect(drawn, frame.colour, frame);
+    expect(childPlace, Qt::green, frame);
 }
 
 void BackgroundExposureTest::coverAndUncover(const QRect& part) const
@@ -132,8 +138,7 @@ void BackgroundExposureTest::theWholeFrameIsShown()
 {
     // given
     DrawingFrame frame;
-    expect(drawn, Qt::red, frame);
-    expect(childPlace, Qt::green, frame);
+    expectDrawn(frame);
 
     // when
     frame.show();
@@ -146,8 +151,7 @@ void BackgroundExposureTest::onlyWhatIsDrawnIsPainted()
 {
     // given
     DrawingFrame frame;
-    expect(drawn, Qt::red, frame);
-    expect(childPlace, Qt::green, frame);
+    expectDrawn(frame);
 
     // when
     frame.show();
@@ -164,8 +168,7 @@ void BackgroundExposureTest::aFrameThatDrawsAnywhereIsPaintedWhole()
     // given
     DrawingFrame frame;
     frame.knowsWhatItDraws = false;
-    expect(drawn, Qt::red, frame);
-    expect(childPlace, Qt::green, frame);
+    expectDrawn(frame);
 
     // when
     frame.show();
@@ -190,8 +193,7 @@ void BackgroundExposureTest::whatIsUncoveredIsShownAgain()
     // given
     QFETCH(QRect, cover);
     DrawingFrame frame;
-    expect(drawn, Qt::red, frame);
-    expect(childPlace, Qt::green, frame);
+    expectDrawn(frame);
     frame.show();
     EVENTUALLY(isShown());
 
@@ -206,8 +208,7 @@ void BackgroundExposureTest::whatIsPaintedOnThePictureIsShownAgain()
 {
     // given
     DrawingFrame frame;
-    expect(drawn, Qt::red, frame);
-    expect(childPlace, Qt::green, frame);
+    expectDrawn(frame);
     frame.show();
     EVENTUALLY(isShown());
     frame.markCanvas(Qt::blue);
@@ -266,8 +267,7 @@ void BackgroundExposureTest::aFrameThatIsShownAgainShowsWhatHasChanged()
     frame.show();
 
     // then
-    expect(drawn, Qt::magenta, frame);
-    expect(childPlace, Qt::green, frame);
+    expectDrawn(frame);
     expect(canvasPlace, Qt::blue, frame);
     EVENTUALLY(isShown());
 }

@@ -12,9 +12,9 @@ QByteArray StartRow::method() const
            "window: its colour; flameshot: the dimmed screen; gromit-mpx shows nothing). First "
            "stroke: from the first picture on a line is tried every 20 ms, until its ink stays "
            "behind the pointer; in flameshot one selects first. Processor time is that up to the "
-           "rest after the start. One start before the first is not counted. Fifteen runs, of "
-           "other "
-           "annotation programs five: a start is short, and whatever else the machine does shows.";
+           "rest after the start. One start before the first is not counted. Fifteen runs, "
+           "of other annotation programs five: a start is short, and whatever else the machine "
+           "does shows.";
 }
 
 int StartRow::runs(Annotator::Role role) const
