@@ -116,6 +116,8 @@ void TransparentFrame::showEvent(QShowEvent* event)
 {
     // From here on a picture of the screen would be one of the frame.
     engine->secureBackground();
+    if (windowHandle())
+        windowPlatform(QGuiApplication::platformName()).reportPointerOnce(*windowHandle());
     QMainWindow::showEvent(event);
 }
 

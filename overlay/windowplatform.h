@@ -28,6 +28,9 @@ public:
     virtual void raiseAboveAll(QWindow& window) const = 0;
     /// Gives the keyboard to a window that is shown.
     virtual void takeKeyboard(QWindow& window) const = 0;
+    /// Has the window system tell of each move and click once, where it tells of the devices behind a pointer as
+    /// well.
+    virtual void reportPointerOnce(const QWindow& window) const = 0;
     /// Has the window system begin with what the toolkit has asked for so far. The toolkit keeps its requests
     /// until it has more.
     virtual void sendRequests() const = 0;

@@ -20,6 +20,8 @@ void WindowPlatformNone::takeKeyboard(QWindow& window) const
     window.requestActivate();
 }
 
+void WindowPlatformNone::reportPointerOnce(const QWindow& /*window*/) const { }
+
 void WindowPlatformNone::sendRequests() const { }
 
 bool WindowPlatformNone::showPixels(const QWindow& /*window*/,

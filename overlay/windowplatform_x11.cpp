@@ -3,6 +3,7 @@
 #include "os/windowlayer.h"
 #include "os/x11/atoms.h"
 #include "os/x11/connection.h"
+#include "os/x11/masterdevices.h"
 #include "os/x11/shownpixels.h"
 #include "os/x11/x11window.h"
 
@@ -61,6 +62,11 @@ void WindowPlatformX11::raiseAboveAll(QWindow& window) const
 void WindowPlatformX11::takeKeyboard(QWindow& window) const
 {
     X11::activate(window.winId());
+}
+
+void WindowPlatformX11::reportPointerOnce(const QWindow& window) const
+{
+    X11::hearMasterDevicesOnly(window.winId());
 }
 
 void WindowPlatformX11::sendRequests() const

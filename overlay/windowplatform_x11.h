@@ -12,6 +12,7 @@ public:
     void setOpaque(const QWindow& window, bool opaque) const override;
     void raiseAboveAll(QWindow& window) const override;
     void takeKeyboard(QWindow& window) const override;
+    void reportPointerOnce(const QWindow& window) const override;
     void sendRequests() const override;
     [[nodiscard]] bool showPixels(const QWindow& window,
                                   const osUtils::System::SharedPixels& pixels,
