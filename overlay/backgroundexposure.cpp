@@ -88,19 +88,39 @@ bool BackgroundExposure::windowExposed()
 void BackgroundExposure::windowPainted(const QRegion& region)
 {
     const QRegion rest = region - drawnRegion();
+    if (!rest.isEmpty())
+        prepareStore();
     if (!rest.isEmpty() && engine.showBackground(*window(), rest)) {
         storeIsPartial = true;
-        // The toolkit would paint all of one that has not the window's size.
-        if (frame.backingStore()->size() != frame.size())
-            frame.backingStore()->resize(frame.size());
-        frame.update(region - rest);
-        exposeToToolkit(region - rest);
+        // One rectangle each, as a rule: behind more than one the toolkit paints in threads, which cost more than
+        // they help.
+        const QRegion children = frame.childrenRegion();
+        paint(region & children);
+        paint(region - rest - children);
         return;
     }
     if (storeIsPartial)
         frame.update(region);
     exposeToToolkit(region);
     storeIsPartial = storeIsPartial && !QRegion(frame.rect()).subtracted(region).isEmpty();
+}
+
+void BackgroundExposure::prepareStore()
+{
+    if (frame.backingStore()->size() == frame.size())
+        return;
+    // The toolkit would paint all of one that has not the window's size. It asks the window system for the memory,
+    // which answers at once as long as it is not busy with the background.
+    frame.backingStore()->resize(frame.size());
+    storeIsPartial = true;
+}
+
+void BackgroundExposure::paint(const QRegion& region)
+{
+    if (region.isEmpty())
+        return;
+    frame.update(region);
+    exposeToToolkit(region);
 }
 
 void BackgroundExposure::exposeToToolkit(const QRegion& region)

@@ -29,6 +29,8 @@ private:
     bool windowChanged(QEvent& event);
     bool windowExposed();
     void windowPainted(const QRegion& region);
+    void prepareStore();
+    void paint(const QRegion& region);
     void exposeToToolkit(const QRegion& region);
     [[nodiscard]] bool isWanted() const;
     [[nodiscard]] QRegion drawnRegion() const;
