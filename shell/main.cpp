@@ -7,6 +7,7 @@
 #include "shell/norvikapplication.h"
 #include "shell/penarguments.h"
 #include "shell/plugins.h"
+#include "shell/quietidle.h"
 
 #include <QSettings>
 
@@ -16,6 +17,8 @@ int main(int argc, char** argv)
 
     // GLib's event loop takes longer from event to event, and nothing here needs it.
     qputenv("QT_NO_GLIB", "1");
+    // Where the toolkit knows this: handing a fill of some hundred lines to threads takes longer than the fill.
+    qputenv("QT_NO_GUI_THREADPOOL", "1");
     const osUtils::System::PlatformPreload platform;
     const osUtils::System::FontPreload fonts;
     endOnFatalMessages();
@@ -30,6 +33,7 @@ int main(int argc, char** argv)
     qInstallMessageHandler(nullptr);
     const osUtils::System::SessionBusPreload sessionBus;
     loadNoMorePlugins();
+    keepQuietWhenIdle();
     const PenArguments pen = penArguments(QCoreApplication::arguments());
 
     VcAction::Frame::PenFrame overlay(nullptr, pen.size, pen.color(), freehand, pen.transparent);
