@@ -13,45 +13,44 @@ namespace osUtils::System {
 
 namespace {
 
-/// False if nobody is there any more to release it.
-bool isReleased(std::future<void>& release)
+/// What somebody has promised; none if there is nobody any more to keep it.
+template <typename Value> std::optional<Value> kept(std::future<Value>& promised)
 {
     try {
-        release.get();
+        return promised.get();
+    } catch (const std::future_error&) {
+        return std::nullopt;
+    }
+}
+
+bool isKept(std::future<void>& promised)
+{
+    try {
+        promised.get();
         return true;
     } catch (const std::future_error&) {
         return false;
     }
 }
 
-/// None if they have not been written.
-SharedPixels pixelsOf(std::future<SharedPixels>& written)
-{
-    try {
-        return written.get();
-    } catch (const std::future_error&) {
-        return {};
-    }
 }
 
 /// Over a connection of its own: on the toolkit's, every answer that it waits for would queue up
 /// behind the picture.
 /// @param written  kept if the window system writes the picture to shared memory, as soon as it has
-QImage pictureApart(xcb_connection_t* toolkits, const QRect& place, std::future<void> release,
-                    std::promise<SharedPixels> written)
+QImage ScreenPicture::fetch(X11::OwnConnection own, const QRect& place,
+                            const X11::SharedPicture& shared, std::future<Way> release,
+                            std::promise<void> written, std::future<void> completion)
 {
-    const X11::OwnConnection own = X11::connectBeside(toolkits);
-    if (!own)
+    const bool isReserved = own && shared.reserve();
+    const std::optional<Way> way = kept(release);
+    if (!own || !way)
         return {};
-    X11::SharedPicture shared(own.get(), place.size());
-    if (!isReleased(release))
-        return {};
-    if (!shared.write(place.topLeft()))
+    if (way != Way::SharedMemory || !isReserved || !shared.write(own.get(), place.topLeft()))
         return X11::rootPicture(own.get(), place);
-    written.set_value(shared.pixels());
-    return shared.picture();
-}
-
+    own.reset();
+    written.set_value();
+    return isKept(completion) ? shared.picture() : QImage();
 }
 
 ScreenPicture::ScreenPicture(const QScreen& screen)
@@ -59,19 +58,24 @@ ScreenPicture::ScreenPicture(const QScreen& screen)
 {
     if (!place)
         return;
+    shared = std::make_shared<const X11::SharedPicture>(X11::connection(), place->size());
     release.emplace();
-    std::promise<SharedPixels> write;
+    completion.emplace();
+    std::promise<void> write;
     written = write.get_future();
-    picture = inBackground([server = X11::connection(), area = *place,
-                            released = release->get_future(), write = std::move(write)]() mutable {
-        return pictureApart(server, area, std::move(released), std::move(write));
+    picture = inBackground([toolkits = X11::connection(), area = *place, memory = shared,
+                            released = release->get_future(), write = std::move(write),
+                            completed = completion->get_future()]() mutable {
+        return fetch(X11::connectBeside(toolkits), area, *memory, std::move(released),
+                     std::move(write), std::move(completed));
     });
 }
 
 void ScreenPicture::begin()
 {
+    // The answer has come by now, and the server knows the memory over every connection.
     if (release)
-        release->set_value();
+        release->set_value(shared->isTaken() ? Way::SharedMemory : Way::Connection);
     release.reset();
 }
 
@@ -81,17 +85,35 @@ bool ScreenPicture::secure()
     if (!place)
         return false;
     if (written.valid()) {
-        shared = pixelsOf(written);
-        if (!shared.memory)
+        isWritten = isKept(written);
+        if (!isWritten)
             finished = finish();
     }
     return !finished || !finished->isNull();
+}
+
+SharedPixels ScreenPicture::pixels() const
+{
+    return isWritten ? shared->pixels() : SharedPixels();
+}
+
+QImage ScreenPicture::draft() const
+{
+    return isWritten && completion ? shared->draft() : QImage();
+}
+
+void ScreenPicture::complete()
+{
+    if (completion)
+        completion->set_value();
+    completion.reset();
 }
 
 QImage ScreenPicture::take()
 {
     if (!secure())
         return {};
+    complete();
     return finished ? *std::exchange(finished, std::nullopt) : finish();
 }
 

@@ -1,14 +1,20 @@
 #pragma once
 
 #include "os/sharedpixels.h"
+#include "os/x11/ownconnection.h"
 
 #include <QImage>
 #include <QRect>
 
 #include <future>
+#include <memory>
 #include <optional>
 
 class QScreen;
+
+namespace osUtils::X11 {
+class SharedPicture;
+}
 
 namespace osUtils::System {
 
@@ -29,22 +35,35 @@ public:
     bool secure();
     /// The memory that the window system has written the picture to, and that the one taken lies in. None
     /// until it is secured, nor if it comes another way.
-    [[nodiscard]] const SharedPixels& pixels() const { return shared; }
-    /// Waits for it, and secures it if nobody has. To be called once.
+    [[nodiscard]] SharedPixels pixels() const;
+    /// What has been written there, to paint from at once until it is completed: the byte that no colour uses is
+    /// anything. Null if there is none.
+    [[nodiscard]] QImage draft() const;
+    /// Has the picture completed, in the background. From here on nobody may use a draft of it.
+    void complete();
+    /// Waits for it, and completes it if nobody has. To be called once.
     /// @return  null if it has failed
     [[nodiscard]] QImage take();
 
 private:
+    /// How the picture comes.
+    enum class Way { SharedMemory, Connection };
+
+    static QImage fetch(X11::OwnConnection own, const QRect& place,
+                        const X11::SharedPicture& shared, std::future<Way> release,
+                        std::promise<void> written, std::future<void> completion);
     /// Fetched anew if that in the background has come to nothing.
     QImage finish();
 
     std::optional<QRect> place; // in device pixels
+    std::shared_ptr<const X11::SharedPicture> shared;
     std::future<QImage> picture;
     std::optional<QImage> finished;
-    std::future<SharedPixels> written;
-    SharedPixels shared;
-    // Gone before the picture, which waits for it.
-    std::optional<std::promise<void>> release;
+    std::future<void> written;
+    bool isWritten = false;
+    // Gone before the picture, which waits for them.
+    std::optional<std::promise<Way>> release;
+    std::optional<std::promise<void>> completion;
 };
 
 }

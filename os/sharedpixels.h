@@ -4,6 +4,7 @@
 
 #include <QSize>
 
+#include <cstdint>
 #include <memory>
 
 namespace osUtils::System {
@@ -13,6 +14,8 @@ namespace osUtils::System {
 struct SharedPixels {
     /// Null if there are none.
     std::shared_ptr<const SharedMemory> memory;
+    /// The number that the window system knows the memory by as long as somebody holds it.
+    std::shared_ptr<const uint32_t> number;
     /// In device pixels.
     QSize size;
 };

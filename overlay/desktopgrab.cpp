@@ -120,7 +120,22 @@ void DesktopGrab::secure()
 
 osUtils::System::SharedPixels DesktopGrab::pixels() const
 {
-    return parts.size() == 1 && !area ? parts.front().pixels() : osUtils::System::SharedPixels();
+    return isOneScreen() ? parts.front().pixels() : osUtils::System::SharedPixels();
+}
+
+QImage DesktopGrab::draft() const
+{
+    if (!isOneScreen())
+        return {};
+    QImage picture = parts.front().draft();
+    picture.setDevicePixelRatio(ratio);
+    return picture;
+}
+
+void DesktopGrab::complete()
+{
+    for (ScreenGrab& part : parts)
+        part.complete();
 }
 
 QPixmap DesktopGrab::take()

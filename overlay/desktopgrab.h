@@ -32,7 +32,11 @@ public:
     /// The memory that the picture, if it is of one whole screen, has been written to, and that the one taken lies
     /// in. None until it is secured.
     [[nodiscard]] osUtils::System::SharedPixels pixels() const;
-    /// Waits for it, and secures it if nobody has. To be called once.
+    /// What that memory holds, to paint from until the picture is completed. Null if there is none.
+    [[nodiscard]] QImage draft() const;
+    /// Has the picture completed, in the background. From here on nobody may use a draft of it.
+    void complete();
+    /// Waits for it, and completes it if nobody has. To be called once.
     /// @return  null where the window system refuses it
     [[nodiscard]] QPixmap take();
 
@@ -46,10 +50,9 @@ private:
         [[nodiscard]] QPoint origin() const { return topLeft; }
         void begin();
         void secure();
-        [[nodiscard]] const osUtils::System::SharedPixels& pixels() const
-        {
-            return direct.pixels();
-        }
+        [[nodiscard]] osUtils::System::SharedPixels pixels() const { return direct.pixels(); }
+        [[nodiscard]] QImage draft() const { return direct.draft(); }
+        void complete() { direct.complete(); }
         /// To be secured before. With a device pixel ratio of 1.
         [[nodiscard]] QPixmap take();
 
@@ -64,6 +67,8 @@ private:
 
     /// @param area  in device pixels; without a value as much as the screens take
     DesktopGrab(const QList<QScreen*>& screens, std::optional<QRect> area, qreal ratio);
+
+    [[nodiscard]] bool isOneScreen() const { return parts.size() == 1 && !area; }
 
     std::vector<ScreenGrab> parts;
     std::optional<QRect> area;

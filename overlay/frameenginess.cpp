@@ -39,6 +39,7 @@ void FrameEngineSS::printScreen()
         QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
     pixmap = QPixmap();
     pixels = {};
+    draft = {};
     coming.reset();
     if (!home)
         return;
@@ -49,6 +50,7 @@ void FrameEngineSS::printScreen()
 QPixmap* FrameEngineSS::background()
 {
     secureBackground();
+    draft = {};
     if (coming)
         pixmap = std::exchange(coming, std::nullopt)->take();
     return &pixmap;
@@ -66,6 +68,7 @@ void FrameEngineSS::secureBackground()
         return;
     coming->secure();
     pixels = coming->pixels();
+    draft = coming->draft();
 }
 
 bool FrameEngineSS::showBackground(const QWindow& window, const QRegion& region)
@@ -86,6 +89,16 @@ void FrameEngineSS::paint(QPaintDevice* device)
     if (FrameEngine::drawBack)
         drawBack(device, QPoint(0, 0), frame->rect());
     frame->draw(device);
+    if (!draft.isNull())
+        QMetaObject::invokeMethod(
+            frame, [this] { completePicture(); }, Qt::QueuedConnection);
+}
+
+void FrameEngineSS::completePicture()
+{
+    draft = {};
+    if (coming)
+        coming->complete();
 }
 
 void FrameEngineSS::drawBack(QPaintDevice* device, QPoint at, QRect source)
@@ -106,7 +119,10 @@ void FrameEngineSS::drawBack(QPainter* painter, QPoint at, QRectF source)
     const QPointF origin = QPointF(at) - source.topLeft();
     painter->save();
     painter->setClipRect(source.translated(origin), Qt::IntersectClip);
-    painter->drawPixmap(origin, *background());
+    if (draft.isNull())
+        painter->drawPixmap(origin, *background());
+    else
+        painter->drawImage(origin, draft);
     painter->restore();
 }
 

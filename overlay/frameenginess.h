@@ -3,6 +3,7 @@
 #include "overlay/desktopgrab.h"
 #include "overlay/frameengine.h"
 
+#include <QImage>
 #include <QPixmap>
 
 #include <optional>
@@ -39,10 +40,13 @@ public:
 private:
     void printScreen();
     [[nodiscard]] bool isInSharedMemory() const;
+    void completePicture();
 
     std::optional<DesktopGrab> coming;
     /// What the picture lies in as long as it is the one that was taken.
     osUtils::System::SharedPixels pixels;
+    /// Of the picture that is coming, for the first paint, which need not wait then until all of it is complete.
+    QImage draft;
     QPixmap pixmap;
     int screen;
 };

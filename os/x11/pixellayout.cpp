@@ -48,12 +48,16 @@ bool hasToolkitsPixels(const xcb_setup_t& setup)
         && hasWidePixels(setup);
 }
 
-QImage toolkitsPicture(void* pixels, QSize size, QImageCleanupFunction release, void* owner)
+void makeOpaque(void* pixels, QSize size)
 {
-    const qsizetype rowBytes = qsizetype{size.width()} * qsizetype{sizeof(QRgb)};
     auto* const first = static_cast<QRgb*>(pixels);
     std::transform(first, first + qsizetype{size.width()} * size.height(), first,
                    [](QRgb pixel) { return pixel | opaque; });
+}
+
+QImage toolkitsPicture(void* pixels, QSize size, QImageCleanupFunction release, void* owner)
+{
+    const qsizetype rowBytes = qsizetype{size.width()} * qsizetype{sizeof(QRgb)};
     return {static_cast<uchar*>(pixels), size.width(), size.height(), rowBytes,
             QImage::Format_RGB32,        release,      owner};
 }

@@ -23,6 +23,7 @@ QImage rootPicture(xcb_connection_t* server, const QRect& area)
         return {};
 
     uchar* const data = xcb_get_image_data(reply.get());
+    makeOpaque(data, area.size());
     return toolkitsPicture(data, area.size(), std::free, reply.release());
 }
 

@@ -16,12 +16,9 @@ using System::SharedMemory;
 
 bool takesMemory(xcb_connection_t* server)
 {
+    // One that knows the extension but not memory that is handed over reports an error.
     const xcb_query_extension_reply_t* extension = xcb_get_extension_data(server, &xcb_shm_id);
-    if (!extension || !extension->present)
-        return false;
-    const ReplyPointer<xcb_shm_query_version_reply_t> version(
-        xcb_shm_query_version_reply(server, xcb_shm_query_version(server), nullptr));
-    return version && (version->major_version > 1 || version->minor_version >= 2);
+    return extension && extension->present && ServerAddress(server).isLocal();
 }
 
 void release(void* memory)
@@ -31,43 +28,58 @@ void release(void* memory)
 
 }
 
-SharedPicture::SharedPicture(xcb_connection_t* theServer, QSize theSize)
-    : server(theServer)
-    , size(theSize)
+SharedPicture::SharedPicture(xcb_connection_t* server, QSize theSize)
+    : size(theSize)
 {
-    if (size.isEmpty() || !ServerAddress(server).isLocal()
-        || !hasToolkitsPixels(*xcb_get_setup(server)) || !takesMemory(server))
+    if (size.isEmpty() || !hasToolkitsPixels(*xcb_get_setup(server)) || !takesMemory(server))
         return;
     memory = std::make_shared<SharedMemory>(static_cast<size_t>(size.width())
                                             * static_cast<size_t>(size.height()) * sizeof(QRgb));
-    // Set aside beforehand: else the server would wait for each page, and others for the server.
-    if (memory->data() && memory->reserve())
-        segment.emplace(server, *memory, SharedSegment::Writable);
-    if (!segment || !segment->isTaken())
-        memory.reset();
+    if (memory->data())
+        segment = std::make_shared<SharedSegment>(server, *memory);
 }
 
-bool SharedPicture::write(QPoint topLeft) const
+bool SharedPicture::isTaken() const
 {
-    if (!memory)
-        return false;
+    return segment && segment->isTaken();
+}
+
+bool SharedPicture::reserve() const
+{
+    // Else the server would wait for each page, and others for the server.
+    return segment && memory->reserve();
+}
+
+bool SharedPicture::write(xcb_connection_t* over, QPoint topLeft) const
+{
     constexpr uint32_t allPlanes = ~0U;
     const auto cookie =
-        xcb_shm_get_image(server, rootWindow(server), static_cast<int16_t>(topLeft.x()),
+        xcb_shm_get_image(over, rootWindow(over), static_cast<int16_t>(topLeft.x()),
                           static_cast<int16_t>(topLeft.y()), static_cast<uint16_t>(size.width()),
                           static_cast<uint16_t>(size.height()), allPlanes,
                           XCB_IMAGE_FORMAT_Z_PIXMAP, segment->id(), 0);
-    xcb_flush(server);
-    memory->populate(); // while the server writes
+    xcb_flush(over);
     const ReplyPointer<xcb_shm_get_image_reply_t> written(
-        xcb_shm_get_image_reply(server, cookie, nullptr));
+        xcb_shm_get_image_reply(over, cookie, nullptr));
     return written != nullptr;
+}
+
+System::SharedPixels SharedPicture::pixels() const
+{
+    return {memory, {segment, &segment->id()}, size};
+}
+
+QImage SharedPicture::draft() const
+{
+    return toolkitsPicture(memory->data(), size, release,
+                           new std::shared_ptr<SharedMemory>(memory));
 }
 
 QImage SharedPicture::picture() const
 {
-    return toolkitsPicture(memory->data(), size, release,
-                           new std::shared_ptr<SharedMemory>(memory));
+    memory->populate();
+    makeOpaque(memory->data(), size);
+    return draft();
 }
 
 }

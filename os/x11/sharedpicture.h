@@ -7,7 +7,6 @@
 #include <QRect>
 
 #include <memory>
-#include <optional>
 
 namespace osUtils::X11 {
 
@@ -16,23 +15,32 @@ namespace osUtils::X11 {
 /// which can be there before the picture is wanted.
 class SharedPicture {
 public:
-    /// Has the memory set aside, with the server's leave, which is asked for over this connection. It is of no
-    /// further use where a proxy in between loses the memory.
+    /// Offers the server the memory over this connection, which it then belongs to.
     /// @param size  in device pixels
     SharedPicture(xcb_connection_t* server, QSize size);
 
-    /// Has the server write what the screen shows, from this place on, in device pixels.
-    /// @return  false, too, where the server is not of this machine or has not enough memory
-    [[nodiscard]] bool write(QPoint topLeft) const;
-    [[nodiscard]] System::SharedPixels pixels() const { return {memory, size}; }
-    /// What has been written, as rootPicture() would yield it: it lies in the same memory.
+    /// Whether the server has taken the memory, which one that is not of this machine does not. Waits for its answer
+    /// if that has not come; to be asked once, and before it shall write.
+    [[nodiscard]] bool isTaken() const;
+    /// Has the memory set aside; false if there is not enough. To be done before the server shall write, and by
+    /// another thread than those that are in a hurry.
+    [[nodiscard]] bool reserve() const;
+    /// Has the server write what the screen shows.
+    /// @param over  any connection to it: until the picture is written it answers nothing else there
+    /// @param topLeft  the place on the screen, in device pixels
+    /// @return  false where there is no such place
+    [[nodiscard]] bool write(xcb_connection_t* over, QPoint topLeft) const;
+
+    [[nodiscard]] System::SharedPixels pixels() const;
+    /// What has been written, in the same memory, to paint from: the byte that no colour uses is anything.
+    [[nodiscard]] QImage draft() const;
+    /// Sets that byte, and all is as rootPicture() would yield it. Nobody may use a draft meanwhile.
     [[nodiscard]] QImage picture() const;
 
 private:
-    xcb_connection_t* server;
     QSize size;
     std::shared_ptr<System::SharedMemory> memory;
-    std::optional<SharedSegment> segment;
+    std::shared_ptr<const SharedSegment> segment;
 };
 
 }

@@ -6,16 +6,16 @@
 
 namespace osUtils::X11 {
 
-SharedSegment::SharedSegment(xcb_connection_t* theServer, const System::SharedMemory& memory,
-                             Access access)
+SharedSegment::SharedSegment(xcb_connection_t* theServer, const System::SharedMemory& memory)
     : server(theServer)
 {
     // The library closes what it has sent.
     const int descriptor = dup(memory.file().number());
     if (descriptor < 0)
         return;
+    constexpr uint8_t writable = 0;
     segment = xcb_generate_id(server);
-    request = xcb_shm_attach_fd_checked(server, segment, descriptor, access);
+    request = xcb_shm_attach_fd_checked(server, segment, descriptor, writable);
 }
 
 SharedSegment::~SharedSegment()

@@ -3,7 +3,6 @@
 #include "os/x11/connection.h"
 #include "os/x11/pixellayout.h"
 #include "os/x11/replypointer.h"
-#include "os/x11/sharedsegment.h"
 #include "os/x11/x11rectangles.h"
 
 #include <xcb/shm.h>
@@ -35,8 +34,7 @@ xcb_gcontext_t makeClip(xcb_window_t window, const QRegion& region)
 bool showPixels(WId id, const System::SharedPixels& pixels, const QRegion& region)
 {
     const auto window = static_cast<xcb_window_t>(id);
-    const SharedSegment segment(connection(), *pixels.memory, SharedSegment::ReadOnly);
-    if (!isSuited(window, pixels.size) || !segment.isTaken())
+    if (!isSuited(window, pixels.size))
         return false;
     const auto width = static_cast<uint16_t>(pixels.size.width());
     const auto height = static_cast<uint16_t>(pixels.size.height());
@@ -44,7 +42,7 @@ bool showPixels(WId id, const System::SharedPixels& pixels, const QRegion& regio
 
     const xcb_gcontext_t clip = makeClip(window, region);
     xcb_shm_put_image(connection(), window, clip, width, height, 0, 0, width, height, 0, 0,
-                      toolkitsDepth, XCB_IMAGE_FORMAT_Z_PIXMAP, untold, segment.id(), 0);
+                      toolkitsDepth, XCB_IMAGE_FORMAT_Z_PIXMAP, untold, *pixels.number, 0);
     xcb_free_gc(connection(), clip);
     xcb_flush(connection());
     return true;

@@ -31,7 +31,9 @@ private:
         if (!shared)
             return osUtils::X11::rootPicture(x.raw(), area);
         const osUtils::X11::SharedPicture written(x.raw(), area.size());
-        return written.write(area.topLeft()) ? written.picture() : QImage();
+        const bool isThere =
+            written.isTaken() && written.reserve() && written.write(x.raw(), area.topLeft());
+        return isThere ? written.picture() : QImage();
     }
 
     const XConnection x{qgetenv("DISPLAY")};

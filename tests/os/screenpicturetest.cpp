@@ -4,10 +4,20 @@
 #include "tests/desktop/harness/xconnection.h"
 
 #include <QGuiApplication>
+#include <QPainter>
 #include <QRegularExpression>
 #include <QTest>
 
+#include <algorithm>
+
 using osUtils::System::ScreenPicture;
+
+namespace {
+
+/// What is done with a picture before it is forgotten.
+using Use = void (*)(ScreenPicture&);
+
+}
 
 /// A screen's picture that is fetched in the background.
 class ScreenPictureTest : public QObject {
@@ -20,6 +30,8 @@ private slots:
     void itIsFetchedWhateverTheVariableSays_data();
     void itIsFetchedWhateverTheVariableSays();
     void itShowsWhatTheScreenShowedWhenItWasBegun();
+    void itCanBePaintedFromBeforeItIsComplete();
+    void onceCompletedItHasNoDraft();
     void oneThatNobodyTakesIsNoHarm_data();
     void oneThatNobodyTakesIsNoHarm();
 
@@ -91,21 +103,59 @@ void ScreenPictureTest::itShowsWhatTheScreenShowedWhenItWasBegun()
     QCOMPARE(picture.take(), pattern());
 }
 
+void ScreenPictureTest::itCanBePaintedFromBeforeItIsComplete()
+{
+    // given
+    ScreenPicture picture(*QGuiApplication::primaryScreen());
+    QVERIFY(picture.draft().isNull());
+
+    // when
+    QVERIFY(picture.secure());
+    QImage painted(x.size(), QImage::Format_RGB32);
+    QPainter(&painted).drawImage(0, 0, picture.draft());
+
+    // then
+    const QImage wanted = pattern();
+    for (int row = 0; row < painted.height(); ++row) {
+        const auto* colours = reinterpret_cast<const QRgb*>(painted.constScanLine(row));
+        QVERIFY(std::equal(
+            colours, colours + painted.width(),
+            reinterpret_cast<const QRgb*>(wanted.constScanLine(row)),
+            [](QRgb first, QRgb second) { return (first & RGB_MASK) == (second & RGB_MASK); }));
+    }
+}
+
+void ScreenPictureTest::onceCompletedItHasNoDraft()
+{
+    // given
+    ScreenPicture picture(*QGuiApplication::primaryScreen());
+    QVERIFY(picture.secure());
+    QVERIFY(!picture.draft().isNull());
+
+    // when
+    picture.complete();
+
+    // then
+    QVERIFY(picture.draft().isNull());
+    QCOMPARE(picture.take(), pattern());
+}
+
 void ScreenPictureTest::oneThatNobodyTakesIsNoHarm_data()
 {
-    QTest::addColumn<bool>("begun");
+    QTest::addColumn<Use>("use");
 
-    QTest::newRow("never begun") << false;
-    QTest::newRow("begun") << true;
+    QTest::newRow("never begun") << Use([](ScreenPicture&) {});
+    QTest::newRow("begun") << Use([](ScreenPicture& picture) { picture.begin(); });
+    QTest::newRow("secured") << Use([](ScreenPicture& picture) { QVERIFY(picture.secure()); });
+    QTest::newRow("completed") << Use([](ScreenPicture& picture) { picture.complete(); });
 }
 
 void ScreenPictureTest::oneThatNobodyTakesIsNoHarm()
 {
-    QFETCH(bool, begun);
+    QFETCH(Use, use);
     {
         ScreenPicture forgotten(*QGuiApplication::primaryScreen());
-        if (begun)
-            forgotten.begin();
+        use(forgotten);
     }
     QCOMPARE(ScreenPicture(*QGuiApplication::primaryScreen()).take(), pattern());
 }

@@ -63,7 +63,7 @@ void ShownPixelsTest::initTestCase()
 {
     backdrop.paintPattern();
     const X11::SharedPicture shared(x.raw(), size);
-    QVERIFY(shared.write({0, 0}));
+    QVERIFY(shared.isTaken() && shared.reserve() && shared.write(x.raw(), {0, 0}));
     pixels = shared.pixels();
 }
 
