@@ -101,6 +101,14 @@ void FrameEngineSS::completePicture()
         coming->complete();
 }
 
+bool FrameEngineSS::showsDraft(const QPainter& painter) const
+{
+    // The byte that is still anything stands for the opacity, which a window has that lets others through, and a
+    // picture of a tool's own.
+    return !draft.isNull() && painter.device() == frame
+        && !frame->testAttribute(Qt::WA_TranslucentBackground);
+}
+
 void FrameEngineSS::drawBack(QPaintDevice* device, QPoint at, QRect source)
 {
     QPainter painter(device);
@@ -119,10 +127,10 @@ void FrameEngineSS::drawBack(QPainter* painter, QPoint at, QRectF source)
     const QPointF origin = QPointF(at) - source.topLeft();
     painter->save();
     painter->setClipRect(source.translated(origin), Qt::IntersectClip);
-    if (draft.isNull())
-        painter->drawPixmap(origin, *background());
-    else
+    if (showsDraft(*painter))
         painter->drawImage(origin, draft);
+    else
+        painter->drawPixmap(origin, *background());
     painter->restore();
 }
 

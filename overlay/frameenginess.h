@@ -41,6 +41,7 @@ private:
     void printScreen();
     [[nodiscard]] bool isInSharedMemory() const;
     void completePicture();
+    [[nodiscard]] bool showsDraft(const QPainter& painter) const;
 
     std::optional<DesktopGrab> coming;
     /// What the picture lies in as long as it is the one that was taken.

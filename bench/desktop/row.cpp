@@ -7,6 +7,11 @@ int Row::runs(Annotator::Role role) const
     return role == Annotator::Role::EmptyWindow ? 0 : UsualRuns;
 }
 
+int Row::manyRuns(Annotator::Role role) const
+{
+    return role == Annotator::Role::Peer ? UsualRuns : 3 * Row::runs(role);
+}
+
 int Row::runsWithPeersOnce(Annotator::Role role) const
 {
     return role == Annotator::Role::Peer ? 1 : Row::runs(role);

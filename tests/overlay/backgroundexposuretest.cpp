@@ -1,3 +1,4 @@
+#include "overlay/frameenginess.h"
 #include "overlay/screengeometry.h"
 #include "overlay/transparentframe.h"
 
@@ -91,6 +92,7 @@ private slots:
     void aFrameThatIsShownAgainShowsWhatHasChanged_data();
     void aFrameThatIsShownAgainShowsWhatHasChanged();
     void aFrameOfTheLiveDesktopIsPaintedWhole();
+    void whatIsDrawnElsewhereIsOpaque();
 
 private:
     [[nodiscard]] QRect device(const QRect& part, const QWidget& frame) const;
@@ -286,6 +288,26 @@ void BackgroundExposureTest::aFrameOfTheLiveDesktopIsPaintedWhole()
         frame.hide();
         frame.painted = {};
     }
+}
+
+void BackgroundExposureTest::whatIsDrawnElsewhereIsOpaque()
+{
+    // given: a picture that has only just been written, of what leaves open the byte that no colour uses
+    const ClientWindow window(x, ClientWindow::Kind::Unmanaged, {0, 0, 50, 50}, Qt::yellow);
+    EVENTUALLY_COMPARE(screen.colourAt({0, 0}), QColor(Qt::yellow));
+    DrawingFrame frame;
+    FrameEngineSS engine(&frame, 0);
+    engine.init();
+    engine.secureBackground();
+    QImage target(x.size(), QImage::Format_ARGB32_Premultiplied);
+    target.setDevicePixelRatio(frame.devicePixelRatioF());
+    target.fill(Qt::transparent);
+
+    // when
+    engine.drawBack(&target, {0, 0}, frame.rect());
+
+    // then
+    QCOMPARE(target.pixelColor(0, 0), QColor(Qt::yellow));
 }
 
 QTEST_MAIN(BackgroundExposureTest)
