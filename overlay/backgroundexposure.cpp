@@ -88,9 +88,7 @@ bool BackgroundExposure::windowExposed()
 void BackgroundExposure::windowPainted(const QRegion& region)
 {
     const QRegion rest = region - drawnRegion();
-    if (!rest.isEmpty())
-        prepareStore();
-    if (!rest.isEmpty() && engine.showBackground(*window(), rest)) {
+    if (showBackground(rest)) {
         storeIsPartial = true;
         // One rectangle each, as a rule: behind more than one the toolkit paints in threads, which cost more than
         // they help.
@@ -103,6 +101,14 @@ void BackgroundExposure::windowPainted(const QRegion& region)
         frame.update(region);
     exposeToToolkit(region);
     storeIsPartial = storeIsPartial && !QRegion(frame.rect()).subtracted(region).isEmpty();
+}
+
+bool BackgroundExposure::showBackground(const QRegion& region)
+{
+    if (region.isEmpty())
+        return false;
+    prepareStore();
+    return engine.showBackground(*window(), region);
 }
 
 void BackgroundExposure::prepareStore()

@@ -29,6 +29,7 @@ private:
     bool windowChanged(QEvent& event);
     bool windowExposed();
     void windowPainted(const QRegion& region);
+    [[nodiscard]] bool showBackground(const QRegion& region);
     void prepareStore();
     void paint(const QRegion& region);
     void exposeToToolkit(const QRegion& region);

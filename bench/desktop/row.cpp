@@ -7,9 +7,9 @@ int Row::runs(Annotator::Role role) const
     return role == Annotator::Role::EmptyWindow ? 0 : UsualRuns;
 }
 
-int Row::manyRuns(Annotator::Role role) const
+int Row::timesOftener(Annotator::Role role)
 {
-    return role == Annotator::Role::Peer ? UsualRuns : 3 * Row::runs(role);
+    return role == Annotator::Role::Peer ? 1 : 3;
 }
 
 int Row::runsWithPeersOnce(Annotator::Role role) const

@@ -31,8 +31,8 @@ public:
 protected:
     static constexpr int UsualRuns = 5;
 
-    /// For what takes a moment, in which whatever else the machine does shows: programs of others as often as usual.
-    [[nodiscard]] int manyRuns(Annotator::Role role) const;
+    /// How many times as often as usual, for what takes a moment, in which whatever else the machine does shows.
+    [[nodiscard]] static int timesOftener(Annotator::Role role);
     /// For rows that take long: programs of others are measured once.
     [[nodiscard]] int runsWithPeersOnce(Annotator::Role role) const;
     /// For what no other program has.

@@ -10,7 +10,10 @@ public:
     [[nodiscard]] QByteArray name() const override { return "latency"; }
     [[nodiscard]] QByteArray method() const override;
     [[nodiscard]] QList<QSize> screens() const override;
-    [[nodiscard]] int runs(Annotator::Role role) const override { return manyRuns(role); }
+    [[nodiscard]] int runs(Annotator::Role role) const override
+    {
+        return timesOftener(role) * Row::runs(role);
+    }
     void measure(Trial& trial, Record& record) const override;
 };
 

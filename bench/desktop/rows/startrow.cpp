@@ -17,11 +17,6 @@ QByteArray StartRow::method() const
            "does shows.";
 }
 
-int StartRow::runs(Annotator::Role role) const
-{
-    return role == Annotator::Role::Peer ? UsualRuns : 3 * UsualRuns;
-}
-
 QList<QSize> StartRow::screens() const
 {
     return {{1920, 1080}, {3840, 2160}, {7680, 2160}};
