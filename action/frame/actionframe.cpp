@@ -1,5 +1,6 @@
 #include "action/frame/actionframe.h"
 
+#include "action/frame/quitguard.h"
 #include "action/frame/repaintpace.h"
 #include "action/toolbar/actiontoolbar.h"
 #include "action/toolbar/palettegeometry.h"
@@ -12,6 +13,7 @@
 #include <QKeyEvent>
 #include <QLineF>
 #include <QResizeEvent>
+#include <QWindow>
 
 #include <utility>
 
@@ -29,6 +31,7 @@ ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
     : TransparentFrame(parent, engineType, width, height)
     , movePace(new RepaintPace([this] { repaintDirty(); }, [this] { awaitTransfer(); }, this))
 {
+    QuitGuard::guard(*QCoreApplication::instance());
     connect(QCoreApplication::instance(), SIGNAL(aboutToQuit()), QCoreApplication::instance(),
             SLOT(quit()));
     setWindowFlags(windowFlags() | Qt::WindowStaysOnTopHint);
@@ -116,8 +119,12 @@ void ActionFrame::focusOutEvent(QFocusEvent* /*event*/) { }
 void ActionFrame::resizeEvent(QResizeEvent* event)
 {
     // The tool's own doing, not the window manager's: another size is another way to cover the screen.
-    if (isVisible() && !event->spontaneous())
+    if (isVisible() && !event->spontaneous()) {
+        // Qt 6.8.2 keeps a window within the limits of its old size, 6.4.2 does not.
+        windowHandle()->setMaximumSize(size());
+        windowHandle()->setMinimumSize(size());
         osUtils::System::setSystemUIMode(allHiddenMode, 0);
+    }
     // The base's handler stays out: it would take a new picture, and of the frame itself once shown.
     if (!toolbar)
         return;

@@ -24,7 +24,8 @@ private slots:
 
 void WindowPlatformTest::theX11PluginHasItsOwn()
 {
-    const WindowPlatform& platform = windowPlatform("xcb");
+    const QString name("xcb");
+    const WindowPlatform& platform = windowPlatform(name);
 
     QVERIFY(typeid(platform) == typeid(WindowPlatformX11));
 }

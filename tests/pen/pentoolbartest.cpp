@@ -166,7 +166,10 @@ void PenToolbarTest::itsControlsLieAsAgreed()
 
 void PenToolbarTest::itsListsAreNotMadeBeforeTheyOpen()
 {
-    // Given
+    // Given: later versions of Qt make a box's list with its first item (seen in 6.8.2, not in 6.4.2).
+    QComboBox filled;
+    filled.addItem("item");
+    const auto madeByQt = filled.findChildren<QAbstractItemView*>().size();
     Tool tool;
 
     // When
@@ -174,7 +177,8 @@ void PenToolbarTest::itsListsAreNotMadeBeforeTheyOpen()
     tool.palette.grab();
 
     // Then
-    QCOMPARE(tool.palette.findChildren<QAbstractItemView*>().size(), 0);
+    const auto boxes = tool.palette.findChildren<QComboBox*>().size();
+    QCOMPARE(tool.palette.findChildren<QAbstractItemView*>().size(), boxes * madeByQt);
 }
 
 void PenToolbarTest::itsListsShowTheIconsAsLargeAsTheBoxes()
