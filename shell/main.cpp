@@ -8,6 +8,7 @@
 #include "shell/penarguments.h"
 #include "shell/plugins.h"
 #include "shell/quietidle.h"
+#include "shell/storeonceshown.h"
 
 #include <QSettings>
 
@@ -27,8 +28,6 @@ int main(int argc, char** argv)
     settings.setValue("resourceFile", "vellumcraft.rcc");
 
     Helpers::NQt::NorvikApplication application(settings, argc, argv);
-    // They are stored at the end, not before the first picture.
-    QCoreApplication::removePostedEvents(&settings, QEvent::UpdateRequest);
     // From here on a fatal message is a fault to be looked into.
     qInstallMessageHandler(nullptr);
     const osUtils::System::SessionBusPreload sessionBus;
@@ -39,6 +38,7 @@ int main(int argc, char** argv)
     VcAction::Frame::PenFrame overlay(nullptr, pen.size, pen.color(), freehand, pen.transparent);
     // Owned by the overlay.
     overlay.setToolbar(new VcAction::Toolbar::PenToolbar(&overlay));
+    const StoreOnceShown storing(settings, overlay);
     overlay.start(true);
 
     return QApplication::exec();

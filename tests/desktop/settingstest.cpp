@@ -11,6 +11,9 @@ private slots:
     void aRunWritesTwoValuesAndNothingElse();
     void whatTheUserEditedIsOverwritten();
     void valuesOfOthersAreKept();
+    void aRunThatIsKilledHasStoredThem_data();
+    void aRunThatIsKilledHasStoredThem();
+    void theyAreStoredOnce();
 
 private:
     /// Starts the program, draws, ends it. Tells whether all went well.
@@ -84,6 +87,49 @@ void SettingsTest::valuesOfOthersAreKept()
     QCOMPARE(setting("mine"), "kept");
     QCOMPARE(setting("Other/deep"), "also kept");
     QCOMPARE(setting("langFile"), "vellumcraft");
+}
+
+void SettingsTest::aRunThatIsKilledHasStoredThem_data()
+{
+    QTest::addColumn<int>("signal");
+
+    QTest::newRow("at once") << SIGKILL;
+    QTest::newRow("from the keyboard") << SIGINT;
+    QTest::newRow("with its terminal") << SIGHUP;
+}
+
+void SettingsTest::aRunThatIsKilledHasStoredThem()
+{
+    // given
+    QFETCH(int, signal);
+    QVERIFY(writeSettings("[General]\nlangFile=klingon\n"));
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    EVENTUALLY_COMPARE(setting("langFile"), QString("vellumcraft"));
+
+    // when
+    korvel.process().send(signal);
+
+    // then
+    EVENTUALLY(!korvel.process().isRunning());
+    QCOMPARE(setting("langFile"), "vellumcraft");
+    QCOMPARE(setting("resourceFile"), "vellumcraft.rcc");
+}
+
+void SettingsTest::theyAreStoredOnce()
+{
+    // given
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    EVENTUALLY_COMPARE(setting("langFile"), QString("vellumcraft"));
+    QVERIFY(writeSettings("[General]\nlangFile=changed meanwhile\n"));
+
+    // when
+    korvel.process().send(SIGTERM);
+
+    // then
+    EVENTUALLY(korvel.status() == 0);
+    QCOMPARE(setting("langFile"), "changed meanwhile");
 }
 
 QTEST_GUILESS_MAIN(SettingsTest)
