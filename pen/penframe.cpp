@@ -77,6 +77,9 @@ void PenFrame::setStyle(int penStyle)
         clearStrokeLayer();
     }
     style = penStyle;
+    // A stroke begins with the newest move of the shape that it takes the place of.
+    if (drawing)
+        markDirty(liveBox());
     setDrawBack(true);
 }
 

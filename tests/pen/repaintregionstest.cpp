@@ -45,6 +45,7 @@ private slots:
     void aNewSizeRepaintsTheLargerTip_data();
     void aNewSizeRepaintsTheLargerTip();
     void aShapeRepaintsItsOldAndNewBox();
+    void aShapeThatBecomesAStrokeRepaintsItsNewestMove();
     void aMoveIsPaintedAtOnce();
     void aQueueOfMovesIsPaintedTogether();
     void aReleasePaintsTheMovesBeforeIt();
@@ -223,6 +224,25 @@ void RepaintRegionsTest::aShapeRepaintsItsOldAndNewBox()
     QVERIFY(covers(recorder.region, QRect(QPoint(100, 100), QPoint(150, 130))));
     QVERIFY(covers(recorder.region, QRect(QPoint(80, 90), QPoint(100, 100))));
     QVERIFY(areaOf(recorder.region) < 60 * 40 + 30 * 20);
+}
+
+void RepaintRegionsTest::aShapeThatBecomesAStrokeRepaintsItsNewestMove()
+{
+    // Given
+    Canvas canvas(10, Qt::red, Ellipse);
+    QVERIFY(canvas.show());
+    canvas.press({100, 100});
+    canvas.moveTo({250, 100});
+    canvas.endTurn();
+    PaintRecorder recorder(canvas.frame);
+
+    // When
+    canvas.frame.setStyle(Freehand);
+    canvas.moveTo({250, 200});
+
+    // Then
+    QVERIFY(covers(recorder.region, QRect(95, 95, 160, 10)));
+    QVERIFY(covers(recorder.region, QRect(245, 95, 10, 110)));
 }
 
 void RepaintRegionsTest::aMoveIsPaintedAtOnce()
