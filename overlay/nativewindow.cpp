@@ -3,7 +3,6 @@
 #include "overlay/screengeometry.h"
 #include "overlay/windowplatform.h"
 
-#include <QChildEvent>
 #include <QGuiApplication>
 #include <QWidget>
 #include <QWindow>
@@ -52,9 +51,14 @@ void NativeWindow::setShadow(bool wanted)
 
 void NativeWindow::setIgnoresMouse(bool ignore)
 {
-    if (!ignoresMouse)
-        watchChildren();
     ignoresMouse = ignore;
+    applyInputRegion();
+}
+
+void NativeWindow::goOnCatchingMouseOver(QWidget& child)
+{
+    catchers.append(&child);
+    child.installEventFilter(this);
     applyInputRegion();
 }
 
@@ -97,14 +101,6 @@ void NativeWindow::watchNativeWindow()
         window->installEventFilter(this);
 }
 
-void NativeWindow::watchChildren()
-{
-    for (QObject* child : widget.children()) {
-        if (child->isWidgetType())
-            child->installEventFilter(this);
-    }
-}
-
 void NativeWindow::windowChanged(QEvent* event)
 {
     if (event->type() == QEvent::Show) {
@@ -115,8 +111,6 @@ void NativeWindow::windowChanged(QEvent* event)
         applyAll();
     } else if (event->type() == QEvent::Resize) {
         applyOpaque();
-    } else if (event->type() == QEvent::ChildAdded && ignoresMouse) {
-        static_cast<QChildEvent*>(event)->child()->installEventFilter(this);
     } else if (event->type() == QEvent::ChildRemoved) {
         applyInputRegion();
     }
@@ -155,7 +149,7 @@ void NativeWindow::applyInputRegion() const
         return;
     std::optional<QRegion> region;
     if (*ignoresMouse)
-        region = childRegion(widget);
+        region = childRegion(widget, catchers);
     platform().setInputRegion(*widget.windowHandle(), region);
 }
 
@@ -165,14 +159,14 @@ void NativeWindow::applyOpaque() const
         platform().setOpaque(*widget.windowHandle(), *opaque);
 }
 
-QRegion childRegion(const QWidget& window)
+QRegion childRegion(const QWidget& window, const QList<QPointer<QWidget>>& widgets)
 {
     QRegion region;
-    for (const QObject* child : window.children()) {
-        const auto* part = qobject_cast<const QWidget*>(child);
-        if (!part || part->isWindow() || part->isHidden())
+    for (const QWidget* child : widgets) {
+        if (!child || child->parent() != &window || child->isHidden())
             continue;
-        region += part->geometry();
+        const QRegion mask = child->mask();
+        region += mask.isEmpty() ? child->geometry() : mask.translated(child->pos());
     }
     return deviceRegion(region, window.devicePixelRatioF());
 }

@@ -1,6 +1,8 @@
 #pragma once
 
+#include <QList>
 #include <QObject>
+#include <QPointer>
 #include <QRegion>
 
 #include <optional>
@@ -21,6 +23,9 @@ public:
 
     void setShadow(bool shadow);
     void setIgnoresMouse(bool ignore);
+    /// While the window ignores the mouse, this child of it still catches it, where it is visible and within
+    /// its mask.
+    void goOnCatchingMouseOver(QWidget& child);
     void setOpaque(bool opaque);
     void raiseAboveAll();
     /// Takes it once the window is on the screen; nothing happens while it is hidden. Also where the
@@ -35,7 +40,6 @@ private:
     explicit NativeWindow(QWidget& topLevel);
 
     void watchNativeWindow();
-    void watchChildren();
     void windowChanged(QEvent* event);
     void nativeWindowChanged(QEvent* event);
     void applyAll() const;
@@ -44,6 +48,7 @@ private:
     void applyOpaque() const;
 
     QWidget& widget;
+    QList<QPointer<QWidget>> catchers;
     // Without a value: never asked for, left as the window system has it.
     std::optional<bool> shadow;
     std::optional<bool> ignoresMouse;
@@ -54,8 +59,8 @@ private:
     bool settled = false;
 };
 
-/// Where a window that lets the mouse through still catches it: over its visible child widgets.
+/// Where those of the widgets that are visible children of the window lie, by their places and masks.
 /// @return  in device pixels and window coordinates
-[[nodiscard]] QRegion childRegion(const QWidget& window);
+[[nodiscard]] QRegion childRegion(const QWidget& window, const QList<QPointer<QWidget>>& widgets);
 
 }

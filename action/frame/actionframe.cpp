@@ -45,8 +45,11 @@ ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
 void ActionFrame::setToolbar(VcAction::Toolbar::ActionToolbar* palette)
 {
     toolbar = palette;
-    if (toolbar)
-        toolbar->move(VcAction::Toolbar::cornerPosition(frameGeometry().size(), toolbar->size()));
+    if (!toolbar)
+        return;
+    toolbar->move(VcAction::Toolbar::cornerPosition(frameGeometry().size(), toolbar->size()));
+    // Else nobody could open its shutter again.
+    Helpers::NQt::NativeWindow::of(*this).goOnCatchingMouseOver(*toolbar);
 }
 
 void ActionFrame::start(bool withraise)

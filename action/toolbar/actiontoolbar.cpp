@@ -2,6 +2,7 @@
 
 #include "action/frame/actionframe.h"
 #include "action/toolbar/fadeanimation.h"
+#include "action/toolbar/listwatch.h"
 #include "action/toolbar/palettegeometry.h"
 #include "action/widget/densesheet.h"
 #include "action/widget/vctab.h"
@@ -83,6 +84,7 @@ ActionToolbar::ActionToolbar(QWidget* parent, QSize size)
     createCloseButton();
     connect(closeButton, SIGNAL(clicked()), QCoreApplication::instance(), SLOT(quit()));
     createAnimations();
+    new ListWatch(this);
 }
 
 void ActionToolbar::createBackFrame()
@@ -228,6 +230,7 @@ void ActionToolbar::shutterOpenClose()
     sizeAnimation->setEndValue(QSize(shutterOpen ? closedWidth : openWidth, height()));
     sizeAnimation->start();
     shutterOpen = !shutterOpen;
+    leaveEmptyCorner();
     if (auto* frame = qobject_cast<VcAction::Frame::ActionFrame*>(parentWidget()))
         frame->switchMouseTransMode();
 }
@@ -250,7 +253,7 @@ void ActionToolbar::fadeOut()
 void ActionToolbar::fadeOutUnlessUnder(QPoint globalPointer)
 {
     if (!fadingEnabled || hasCBFocus() || rect().contains(mapFromGlobal(globalPointer))
-        || windowOpacity() <= minOpacity)
+        || !isBright())
         return;
     if (auto* frame = qobject_cast<Helpers::NQt::TransparentFrame*>(parentWidget()))
         frame->updateCursor();
@@ -258,6 +261,14 @@ void ActionToolbar::fadeOutUnlessUnder(QPoint globalPointer)
     opacityAnimation->setStartValue(windowOpacity());
     opacityAnimation->setEndValue(minOpacity);
     opacityAnimation->start();
+}
+
+bool ActionToolbar::isBright() const
+{
+    // One that has only begun to fade in is on its way there.
+    const bool brightens = opacityAnimation->state() == QAbstractAnimation::Running
+        && opacityAnimation->endValue().toDouble() > minOpacity;
+    return brightens || windowOpacity() > minOpacity;
 }
 
 void ActionToolbar::mousePressEvent(QMouseEvent* event)
@@ -322,7 +333,16 @@ void ActionToolbar::layOutBackground()
 {
     backFrame->setFixedSize(backFrameSize(size(), static_cast<int>(tabs.size())));
     createBackImage(size());
+    leaveEmptyCorner();
     update();
+}
+
+void ActionToolbar::leaveEmptyCorner()
+{
+    if (shutterOpen || tabs.isEmpty())
+        clearMask();
+    else
+        setMask(closedRegion(size()));
 }
 
 }

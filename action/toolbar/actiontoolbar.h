@@ -110,7 +110,9 @@ private:
     void createAnimations();
     QWidget* makeTabPage();
     void layOutBackground();
+    void leaveEmptyCorner();
     void fadeOutUnlessUnder(QPoint globalPointer);
+    [[nodiscard]] bool isBright() const;
 
     double opacity = 1.0;
     QGraphicsOpacityEffect* opacityEffect;

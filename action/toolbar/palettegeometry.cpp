@@ -27,6 +27,12 @@ QSize backFrameSize(QSize palette, int tabs)
             palette.height() - (tabs > 0 ? tabStripHeight : 0)};
 }
 
+QRegion closedRegion(QSize palette)
+{
+    return QRegion(QRect(QPoint(0, 0), palette))
+        - QRect(0, palette.height() - tabStripHeight, handleWidth, tabStripHeight);
+}
+
 QRect shutterHandlePlace(QSize palette)
 {
     constexpr QSize button(22, 22);

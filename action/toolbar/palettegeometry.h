@@ -2,6 +2,7 @@
 
 #include <QList>
 #include <QRect>
+#include <QRegion>
 #include <QSize>
 
 /// Where the parts of a palette lie, as functions of sizes. Logical pixels throughout.
@@ -21,6 +22,11 @@ constexpr int tabStripHeight = 33;
 /// palette that is the handle strip and a part that is cut off.
 /// @param tabs  number of tabs
 [[nodiscard]] QSize backFrameSize(QSize palette, int tabs);
+
+/// What is left of a closed palette with tabs, or of one that is about to close: not the strip below the handle,
+/// where there is nothing.
+/// @param palette  with its tab strip
+[[nodiscard]] QRegion closedRegion(QSize palette);
 
 /// Where the button for the shutter lies: at the lower end of the handle strip.
 /// @param palette  with its tab strip

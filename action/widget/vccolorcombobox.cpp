@@ -69,8 +69,11 @@ void VcColorComboBox::chooseCustomColor()
         toolbar->setFadingEnabled(false);
     if (lastIndex != count() - 1)
         openColorDialog();
-    if (toolbar)
+    if (toolbar) {
         toolbar->setFadingEnabled(true);
+        // The pointer may have left the palette meanwhile, and tells no more of it.
+        toolbar->fadeOut();
+    }
 }
 
 void VcColorComboBox::openColorDialog()

@@ -1,4 +1,5 @@
 #include "tests/desktop/harness/desktoptest.h"
+#include "tests/desktop/harness/ink.h"
 
 #include <X11/keysym.h>
 
@@ -11,6 +12,8 @@ private slots:
     void aSecondColourReplacesTheFirst();
     void aPresetColourAddsNoEntry();
     void thePaletteStaysBrightMeanwhile();
+    void closedByAKeyItLeavesAFadingPalette_data();
+    void closedByAKeyItLeavesAFadingPalette();
 
 private:
     static constexpr QPoint Away{100, 700};
@@ -82,6 +85,33 @@ void ColourDialogTest::thePaletteStaysBrightMeanwhile()
     };
     EVENTUALLY(showsTheColour());
     QCOMPARE(desktop->screen.colourAt(desktop->palette.sizeIcon()), QColor(Qt::black));
+}
+
+void ColourDialogTest::closedByAKeyItLeavesAFadingPalette_data()
+{
+    QTest::addColumn<unsigned int>("key");
+
+    QTest::newRow("given up") << unsigned{XK_Escape};
+    QTest::newRow("confirmed") << unsigned{XK_Return};
+}
+
+void ColourDialogTest::closedByAKeyItLeavesAFadingPalette()
+{
+    // given
+    QFETCH(unsigned int, key);
+    const Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    QVERIFY(desktop->controls.openColourDialog(korvel));
+    desktop->pointer.moveTo(Away);
+
+    // when
+    desktop->keyboard.strike(key);
+
+    // then
+    EVENTUALLY(dialog() == XCB_NONE);
+    constexpr qreal faded = 0.3;
+    EVENTUALLY(isClose(desktop->screen.colourAt(desktop->palette.sizeIcon()),
+                       mixed(Qt::white, Qt::black, faded)));
 }
 
 QTEST_GUILESS_MAIN(ColourDialogTest)

@@ -1,6 +1,8 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
 
+#include <X11/keysym.h>
+
 /// The palette as a thing on the frame: its place, its fading, how it is dragged, what it keeps from the frame.
 class PaletteTest : public DesktopTest {
     Q_OBJECT
@@ -9,6 +11,9 @@ private slots:
     void itLiesEightyPixelsInFromTheCorner();
     void itFadesWhenTheUserDraws();
     void itReturnsWhenThePointerEnters();
+    void aPointerThatOnlyCrossesItLeavesItFaded();
+    void itFadesWhenAListIsClosedByAKey_data();
+    void itFadesWhenAListIsClosedByAKey();
     void itIsDraggedByItsHandle_data();
     void itIsDraggedByItsHandle();
     void itCannotBeDraggedElsewhere_data();
@@ -106,6 +111,62 @@ void PaletteTest::itReturnsWhenThePointerEnters()
     // then
     EVENTUALLY(isBright());
     EVENTUALLY(isClose(picture(), bright, LastFadeStep));
+}
+
+void PaletteTest::aPointerThatOnlyCrossesItLeavesItFaded()
+{
+    // given
+    desktop->backdrop.fill(paper);
+    const Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    desktop->pointer.click({200, 200});
+    EVENTUALLY(isFaded());
+
+    for (int crossing = 0; crossing < 20; ++crossing) {
+        // when
+        desktop->pointer.moveTo(desktop->palette.handle());
+        desktop->pointer.moveTo(desktop->palette.at({-20, 26}));
+    }
+
+    // then
+    QVERIFY(parkPointer(Away, Qt::yellow));
+    EVENTUALLY(isFaded());
+    static_cast<void>(settledPicture());
+    QVERIFY(isFaded());
+}
+
+void PaletteTest::itFadesWhenAListIsClosedByAKey_data()
+{
+    QTest::addColumn<bool>("colours");
+    QTest::addColumn<unsigned int>("key");
+
+    QTest::newRow("the sizes, given up") << false << unsigned{XK_Escape};
+    QTest::newRow("the sizes, chosen") << false << unsigned{XK_Return};
+    QTest::newRow("the colours, given up") << true << unsigned{XK_Escape};
+    QTest::newRow("the colours, chosen") << true << unsigned{XK_Return};
+}
+
+void PaletteTest::itFadesWhenAListIsClosedByAKey()
+{
+    // given
+    QFETCH(bool, colours);
+    QFETCH(unsigned int, key);
+    desktop->backdrop.fill(paper);
+    Program korvel(*desktop);
+    EVENTUALLY(korvel.isReady());
+    const PaletteLayout& palette = desktop->palette;
+    QVERIFY(desktop->controls.openList(colours ? palette.colourBox() : palette.sizeBox(), korvel));
+    desktop->pointer.moveTo(Away);
+    static_cast<void>(settledPicture());
+    QVERIFY(isBright());
+
+    // when
+    desktop->keyboard.strike(key);
+
+    // then
+    EVENTUALLY(!desktop->controls.isListOpen(korvel));
+    EVENTUALLY(isFaded());
+    QCOMPARE(korvel.status(), ChildProcess::Running);
 }
 
 void PaletteTest::itIsDraggedByItsHandle_data()

@@ -87,15 +87,17 @@ private slots:
     void aWindowHasOneMemory();
     void whatWasNotAskedForIsNotSet();
 
-    void aWindowWithoutChildrenCatchesNothing_data() { addMoments(); }
-    void aWindowWithoutChildrenCatchesNothing();
-    void aPaletteStaysClickable_data() { addMoments(); }
-    void aPaletteStaysClickable();
-    void thePaletteMayComeLater();
+    void aWindowThatIgnoresTheMouseCatchesNothing_data() { addMoments(); }
+    void aWindowThatIgnoresTheMouseCatchesNothing();
+    void aWindowThatItsChildrenCoverCatchesNothing();
+    void aPaletteThatIsNamedStaysClickable_data() { addMoments(); }
+    void aPaletteThatIsNamedStaysClickable();
+    void thePaletteMayBeNamedLater();
+    void whatAMaskCutsOffAPaletteCatchesNothing();
     void theRegionFollowsThePalette();
     void aPaletteThatIsGoneCatchesNothing_data();
     void aPaletteThatIsGoneCatchesNothing();
-    void hiddenChildrenAndWindowsOfTheirOwnDoNotCount();
+    void hiddenPalettesDoNotCount();
     void aSecondCallTakesTheMouseBack_data() { addMoments(); }
     void aSecondCallTakesTheMouseBack();
     void aTakenBackMouseStaysCaught();
@@ -167,7 +169,7 @@ void NativeWindowTest::whatWasNotAskedForIsNotSet()
     QCOMPARE(probe(window).inputRegion(), QRegion(toPixels(window.rect(), window)));
 }
 
-void NativeWindowTest::aWindowWithoutChildrenCatchesNothing()
+void NativeWindowTest::aWindowThatIgnoresTheMouseCatchesNothing()
 {
     // given
     QFETCH(bool, shown);
@@ -184,12 +186,28 @@ void NativeWindowTest::aWindowWithoutChildrenCatchesNothing()
     QCOMPARE(probe(window).inputRegion(), QRegion());
 }
 
-void NativeWindowTest::aPaletteStaysClickable()
+void NativeWindowTest::aWindowThatItsChildrenCoverCatchesNothing()
+{
+    // given
+    Window window;
+    Window cover(&window);
+    cover.setGeometry(window.rect());
+    QVERIFY(show(window));
+
+    // when
+    Utils::setIgnoresMouseEvents(&window, true);
+
+    // then
+    QCOMPARE(probe(window).inputRegion(), QRegion());
+}
+
+void NativeWindowTest::aPaletteThatIsNamedStaysClickable()
 {
     // given
     QFETCH(bool, shown);
     Window window;
-    const Window palette(&window);
+    Window palette(&window);
+    NativeWindow::of(window).goOnCatchingMouseOver(palette);
     if (shown)
         QVERIFY(show(window));
 
@@ -198,25 +216,41 @@ void NativeWindowTest::aPaletteStaysClickable()
 
     // then
     const QRegion expected(toPixels(palettePlace, window));
-    QCOMPARE(childRegion(window), expected);
     QCOMPARE(probe(window).inputRegion(), expected);
     QVERIFY(show(window));
     QCOMPARE(probe(window).inputRegion(), expected);
 }
 
-void NativeWindowTest::thePaletteMayComeLater()
+void NativeWindowTest::thePaletteMayBeNamedLater()
 {
     // given
     Window window;
     Utils::setIgnoresMouseEvents(&window, true);
     QVERIFY(show(window));
-
-    // when
     Window palette(&window);
     palette.show();
 
+    // when
+    NativeWindow::of(window).goOnCatchingMouseOver(palette);
+
     // then
-    QTRY_COMPARE(probe(window).inputRegion(), QRegion(toPixels(palettePlace, window)));
+    QCOMPARE(probe(window).inputRegion(), QRegion(toPixels(palettePlace, window)));
+}
+
+void NativeWindowTest::whatAMaskCutsOffAPaletteCatchesNothing()
+{
+    // given
+    Window window;
+    Window palette(&window);
+    palette.setMask(QRect(0, 0, 60, 10));
+    NativeWindow::of(window).goOnCatchingMouseOver(palette);
+    QVERIFY(show(window));
+
+    // when
+    Utils::setIgnoresMouseEvents(&window, true);
+
+    // then
+    QCOMPARE(probe(window).inputRegion(), QRegion(toPixels({120, 60, 60, 10}, window)));
 }
 
 void NativeWindowTest::theRegionFollowsThePalette()
@@ -224,6 +258,7 @@ void NativeWindowTest::theRegionFollowsThePalette()
     // given
     Window window;
     Window palette(&window);
+    NativeWindow::of(window).goOnCatchingMouseOver(palette);
     QVERIFY(show(window));
     Utils::setIgnoresMouseEvents(&window, true);
 
@@ -252,6 +287,7 @@ void NativeWindowTest::aPaletteThatIsGoneCatchesNothing()
     QFETCH(bool, deleted);
     Window window;
     auto palette = std::make_unique<Window>(&window);
+    NativeWindow::of(window).goOnCatchingMouseOver(*palette);
     QVERIFY(show(window));
     Utils::setIgnoresMouseEvents(&window, true);
 
@@ -265,22 +301,19 @@ void NativeWindowTest::aPaletteThatIsGoneCatchesNothing()
     QTRY_COMPARE(probe(window).inputRegion(), QRegion());
 }
 
-void NativeWindowTest::hiddenChildrenAndWindowsOfTheirOwnDoNotCount()
+void NativeWindowTest::hiddenPalettesDoNotCount()
 {
     // given
     Window window;
     Window hidden(&window);
+    NativeWindow::of(window).goOnCatchingMouseOver(hidden);
     hidden.hide();
-    QWidget dialog(&window, Qt::Dialog);
-    dialog.setGeometry(1, 1, 50, 50);
     QVERIFY(show(window));
-    dialog.show();
 
     // when
     Utils::setIgnoresMouseEvents(&window, true);
 
     // then
-    QCOMPARE(childRegion(window), QRegion());
     QCOMPARE(probe(window).inputRegion(), QRegion());
 }
 
@@ -289,7 +322,8 @@ void NativeWindowTest::aSecondCallTakesTheMouseBack()
     // given
     QFETCH(bool, shown);
     Window window;
-    const Window palette(&window);
+    Window palette(&window);
+    NativeWindow::of(window).goOnCatchingMouseOver(palette);
     if (shown)
         QVERIFY(show(window));
     Utils::setIgnoresMouseEvents(&window, true);
@@ -308,6 +342,7 @@ void NativeWindowTest::aTakenBackMouseStaysCaught()
     // given
     Window window;
     Window palette(&window);
+    NativeWindow::of(window).goOnCatchingMouseOver(palette);
     QVERIFY(show(window));
     Utils::setIgnoresMouseEvents(&window, true);
     Utils::setIgnoresMouseEvents(&window, false);
@@ -326,6 +361,7 @@ void NativeWindowTest::clicksFallThroughButNotThroughThePalette()
     Window lower;
     Window upper;
     Window palette(&upper);
+    NativeWindow::of(upper).goOnCatchingMouseOver(palette);
     QVERIFY(show(lower));
     QVERIFY(show(upper));
     upper.raise();
@@ -411,7 +447,8 @@ void NativeWindowTest::theWindowIsNotMappedAnew()
 {
     // given
     Window window;
-    const Window palette(&window);
+    Window palette(&window);
+    NativeWindow::of(window).goOnCatchingMouseOver(palette);
     QVERIFY(show(window));
     const xcb_window_t id = window.id();
     WindowWatch watch(id);
@@ -436,7 +473,8 @@ void NativeWindowTest::aNewNativeWindowGetsItAll()
 {
     // given
     Window window;
-    const Window palette(&window);
+    Window palette(&window);
+    NativeWindow::of(window).goOnCatchingMouseOver(palette);
     QVERIFY(show(window));
     Utils::setIgnoresMouseEvents(&window, true);
     Utils::setWindowShadow(&window, false);
@@ -459,7 +497,8 @@ void NativeWindowTest::framesPutAroundAtTheMapGetIt()
     // given
     WindowFrames frames(x);
     Window window;
-    const Window palette(&window);
+    Window palette(&window);
+    NativeWindow::of(window).goOnCatchingMouseOver(palette);
     Utils::setIgnoresMouseEvents(&window, true);
     Utils::setWindowShadow(&window, false);
     finishToolkitRequests();

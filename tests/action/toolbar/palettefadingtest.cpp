@@ -71,6 +71,7 @@ private slots:
     void atRestThePixelsAreMixedExactly();
     void atTheLeastOpacityNoFadeBegins();
     void aHairAboveTheLeastOpacityAFadeBegins();
+    void aFadeInThatHasOnlyBegunIsTurnedRound();
     void aFadeOutSetsTheFramesCursorFirst();
     void underThePointerNoFadeBegins_data();
     void underThePointerNoFadeBegins();
@@ -214,6 +215,26 @@ void PaletteFadingTest::aHairAboveTheLeastOpacityAFadeBegins()
 
     // Then
     QVERIFY(placed.palette.isFading());
+}
+
+void PaletteFadingTest::aFadeInThatHasOnlyBegunIsTurnedRound()
+{
+    // Given: the pointer has come and gone within one frame of the animation.
+    PlacedPalette placed;
+    placed.palette.fadeOut();
+    QTRY_VERIFY(!placed.palette.isFading());
+    placed.frame.cursorUpdates = 0;
+    placed.palette.fadeIn();
+    QVERIFY(placed.palette.windowOpacity() == 0.3);
+
+    // When
+    placed.palette.fadeOut();
+
+    // Then
+    QCOMPARE(placed.palette.opacityAnimation->endValue().toDouble(), 0.3);
+    QCOMPARE(placed.frame.cursorUpdates, 1);
+    QTRY_VERIFY(!placed.palette.isFading());
+    QVERIFY(placed.palette.windowOpacity() == 0.3);
 }
 
 void PaletteFadingTest::aFadeOutSetsTheFramesCursorFirst()

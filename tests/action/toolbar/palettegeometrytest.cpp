@@ -19,6 +19,7 @@ private slots:
     void theBackgroundIsAsWideAsThePaletteButNeverSqueezed();
     void theShutterHandleLiesOnTheHandleAboveTheTabs_data();
     void theShutterHandleLiesOnTheHandleAboveTheTabs();
+    void aClosedPaletteLeavesOutTheEmptyCornerBelowItsHandle();
     void thePaletteLiesInTheFramesBottomRightCorner_data();
     void thePaletteLiesInTheFramesBottomRightCorner();
 };
@@ -117,6 +118,13 @@ void PaletteGeometryTest::theShutterHandleLiesOnTheHandleAboveTheTabs()
     QVERIFY(isOnHandle(place.topLeft(), palette));
     QVERIFY(isOnHandle(place.bottomRight(), palette));
     QVERIFY(place.left() > 0 && place.top() > 0);
+}
+
+void PaletteGeometryTest::aClosedPaletteLeavesOutTheEmptyCornerBelowItsHandle()
+{
+    QCOMPARE(closedRegion(QSize(40, 118)), QRegion(0, 0, 40, 85));
+    // On its way there the tab strip is still to be seen.
+    QCOMPARE(closedRegion(QSize(100, 118)), QRegion(0, 0, 40, 85) + QRegion(40, 0, 60, 118));
 }
 
 void PaletteGeometryTest::thePaletteLiesInTheFramesBottomRightCorner_data()

@@ -46,6 +46,7 @@ private slots:
     void itsWidthCannotBeSet();
     void aPaletteWithoutAFrameClosesToo();
     void aClosedPaletteShowsNoneOfItsTabStrip();
+    void aClosedPaletteWithTabsIsNoMoreThanItsHandle();
     void theHandleButtonClosesAndOpensIt();
     void aPressOnTheHandleButtonDragsNothing();
 };
@@ -231,6 +232,29 @@ void PaletteShutterTest::aClosedPaletteShowsNoneOfItsTabStrip()
     // Then
     QVERIFY(!TestSupport::inkBox(open, Qt::transparent).isEmpty());
     QVERIFY(TestSupport::inkBox(palette.backImage.toImage(), Qt::transparent).isEmpty());
+}
+
+void PaletteShutterTest::aClosedPaletteWithTabsIsNoMoreThanItsHandle()
+{
+    // Given
+    ActionTest::FrameProbe frame;
+    ShutterPalette palette(&frame);
+    palette.addTab("Tab");
+    palette.enableShutter();
+    QVERIFY(palette.mask().isEmpty());
+
+    // When
+    palette.shutterOpenClose();
+    QTRY_VERIFY(!palette.isMoving());
+
+    // Then
+    QCOMPARE(palette.mask(), QRegion(0, 0, 40, 80));
+
+    // When
+    palette.shutterOpenClose();
+
+    // Then
+    QVERIFY(palette.mask().isEmpty());
 }
 
 void PaletteShutterTest::theHandleButtonClosesAndOpensIt()

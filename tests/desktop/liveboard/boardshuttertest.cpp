@@ -12,6 +12,7 @@ private slots:
     void closedItIsAsWideAsItsHandle();
     void closedItLetsClicksAndKeysThroughTenTimesInARow_data();
     void closedItLetsClicksAndKeysThroughTenTimesInARow();
+    void belowTheClosedStripClicksGoThrough();
     void openedAgainTheBoardEndsOnEscape();
 
 private:
@@ -111,6 +112,26 @@ void BoardShutterTest::closedItLetsClicksAndKeysThroughTenTimesInARow()
         EVENTUALLY_COMPARE(colourAt(dot), QColor(Qt::yellow));
         QCOMPARE(input.presses(), round);
     }
+}
+
+void BoardShutterTest::belowTheClosedStripClicksGoThrough()
+{
+    // given
+    dragged = {};
+    InputWatch input(desktop->display, paper->id());
+    const Program program(*desktop, board());
+    EVENTUALLY(isReady(program));
+    pullShutter();
+    EVENTUALLY(isClosed());
+
+    for (const QPointF corner : {QPointF(2, 88), QPointF(37, 115)}) {
+        // when
+        EVENTUALLY_COMPARE(desktop->windows.at(onPalette(corner)), paper->id());
+        desktop->pointer.click(onPalette(corner));
+    }
+
+    // then
+    EVENTUALLY_COMPARE(input.presses(), 2);
 }
 
 void BoardShutterTest::openedAgainTheBoardEndsOnEscape()
