@@ -2,6 +2,7 @@
 
 #include "os/screencover.h"
 #include "overlay/backgroundexposure.h"
+#include "overlay/drawnregioncheck.h"
 #include "overlay/frameenginert.h"
 #include "overlay/frameenginess.h"
 #include "overlay/windowplatform.h"
@@ -79,7 +80,12 @@ void TransparentFrame::draw(QPaintDevice* /*device*/) { }
 
 QRegion TransparentFrame::drawnRegion() const
 {
-    return rect();
+    return tellsDrawnRegion() ? toldRegion() : rect();
+}
+
+bool TransparentFrame::tellsDrawnRegion() const
+{
+    return *toldBy == typeid(*this);
 }
 
 bool TransparentFrame::getDrawBack() const
@@ -129,6 +135,8 @@ void TransparentFrame::paintEvent(QPaintEvent* event)
         windowPlatform(QGuiApplication::platformName()).sendRequests();
     engine->paint(this);
     event->accept();
+    if constexpr (KORVEL_DEVELOPER)
+        warnOfPaintOutside(*this);
 }
 
 void TransparentFrame::resizeEvent(QResizeEvent* /*event*/)

@@ -2,7 +2,9 @@
 
 #include <QMainWindow>
 
+#include <functional>
 #include <memory>
+#include <typeinfo>
 
 class QPixmap;
 
@@ -31,9 +33,9 @@ public:
     /// Paints the tool's content. Called on every paint, after the background.
     /// @param device  to be painted on in the frame's coordinates, logical pixels
     virtual void draw(QPaintDevice* device);
-    /// Where draw() paints anything at present. A tool that knows it is shown sooner.
-    /// @return  in logical pixels; all of the frame by default
-    [[nodiscard]] virtual QRegion drawnRegion() const;
+    /// Where draw() paints anything at present.
+    /// @return  in logical pixels; all of the frame unless its class has told otherwise
+    [[nodiscard]] QRegion drawnRegion() const;
 
     /// Whether the engine paints the background.
     [[nodiscard]] bool getDrawBack() const;
@@ -50,6 +52,15 @@ protected:
     /// frame itself does so as soon as events are handled.
     void fetchBackground();
 
+    /// Tells where draw() paints, so that nothing else needs to be painted and the tool is shown sooner. To be
+    /// called in the constructor. It holds for frames of exactly this class: one that is derived from it may
+    /// draw elsewhere, and is painted whole until it calls this for itself.
+    /// @param region  a member that tells the region at present, in logical pixels
+    template <typename Frame> void paintOnly(QRegion (Frame::*region)() const)
+    {
+        toldBy = &typeid(Frame);
+        toldRegion = [this, region] { return (static_cast<const Frame*>(this)->*region)(); };
+    }
     void mousePressEvent(QMouseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
@@ -57,7 +68,10 @@ protected:
 
 private:
     void coverScreen(int screen, QSize size);
+    [[nodiscard]] bool tellsDrawnRegion() const;
 
+    const std::type_info* toldBy = &typeid(void);
+    std::function<QRegion()> toldRegion;
     std::unique_ptr<FrameEngine> engine;
     std::unique_ptr<BackgroundExposure> exposure;
 };

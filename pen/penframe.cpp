@@ -40,6 +40,7 @@ PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, boo
     , pointerTop(pointerTopImage(devicePixelRatioF()))
 {
     trackDirtyRegion();
+    paintOnly(&PenFrame::liveRegion);
     startPoint = previousPoint = currentPoint = mapFromGlobal(QCursor::pos());
     setDrawBack(true);
     setPen(penColor);
@@ -176,7 +177,7 @@ QRect PenFrame::liveBox() const
     return shapeBox(startPoint.toPoint(), currentPoint.toPoint()).adjusted(-2, -2, 2, 2);
 }
 
-QRegion PenFrame::drawnRegion() const
+QRegion PenFrame::liveRegion() const
 {
     // While a stroke lies bare the picture is part of what is drawn.
     if (!getDrawBack())

@@ -37,7 +37,6 @@ public:
 
     void updateCursor() override;
     void draw(QPaintDevice* device) override;
-    [[nodiscard]] QRegion drawnRegion() const override;
 
 public slots:
     void setPen(QColor color);
@@ -53,6 +52,7 @@ protected:
 private:
     [[nodiscard]] bool isFreehand() const;
     [[nodiscard]] QRect liveBox() const;
+    [[nodiscard]] QRegion liveRegion() const;
     void finishPen();
     void makePen();
     void computeRect();

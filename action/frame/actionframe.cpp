@@ -124,8 +124,10 @@ void ActionFrame::resizeEvent(QResizeEvent* event)
     // The tool's own doing, not the window manager's: another size is another way to cover the screen.
     if (isVisible() && !event->spontaneous()) {
         // Qt 6.8.2 keeps a window within the limits of its old size, 6.4.2 does not.
-        windowHandle()->setMaximumSize(size());
-        windowHandle()->setMinimumSize(size());
+        if (windowHandle()->size() != size()) {
+            windowHandle()->setMaximumSize(size());
+            windowHandle()->setMinimumSize(size());
+        }
         osUtils::System::setSystemUIMode(allHiddenMode, 0);
     }
     // The base's handler stays out: it would take a new picture, and of the frame itself once shown.
@@ -150,7 +152,8 @@ QPointF ActionFrame::exactPosition(const QMouseEvent& event)
 
 void ActionFrame::trackDirtyRegion()
 {
-    tracksDirtyRegion = true;
+    // In a constructor that is the class whose constructor it is.
+    dirtyRegionTracker = &typeid(*this);
 }
 
 void ActionFrame::markDirty(const QRegion& region)
@@ -163,7 +166,8 @@ void ActionFrame::markDirty(const QRegion& region)
 void ActionFrame::repaintDirty()
 {
     movePace->allRepainted();
-    if (!tracksDirtyRegion) {
+    if (*dirtyRegionTracker != typeid(*this)) {
+        dirtyRegion = {};
         repaint();
         return;
     }

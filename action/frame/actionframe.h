@@ -4,6 +4,8 @@
 
 #include <QRegion>
 
+#include <typeinfo>
+
 namespace VcAction::Toolbar {
 class ActionToolbar;
 }
@@ -48,7 +50,9 @@ protected:
     [[nodiscard]] static QPointF exactPosition(const QMouseEvent& event);
 
     /// For a frame that knows what it changes: from now on repaintDirty() repaints only what
-    /// markDirty() was told of.
+    /// markDirty() was told of. To be called in the constructor. It holds for frames of exactly this
+    /// class: one that is derived from it may change more, and is repainted whole until it calls
+    /// this for itself.
     void trackDirtyRegion();
     /// @param region  in frame coordinates, logical pixels
     void markDirty(const QRegion& region);
@@ -69,7 +73,7 @@ private:
     void awaitTransfer();
 
     RepaintPace* movePace;
-    bool tracksDirtyRegion = false;
+    const std::type_info* dirtyRegionTracker = &typeid(void);
     QRegion dirtyRegion;
     QRect lastRepainted;
 };

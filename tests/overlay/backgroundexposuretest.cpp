@@ -33,6 +33,7 @@ public:
         child.setAutoFillBackground(true);
         child.setPalette(Qt::green);
         winId();
+        paintOnly(&DrawingFrame::inkRegion);
     }
 
     void draw(QPaintDevice* device) override
@@ -40,10 +41,7 @@ public:
         QPainter painter(device);
         painter.fillRect(drawn, colour);
     }
-    [[nodiscard]] QRegion drawnRegion() const override
-    {
-        return knowsWhatItDraws ? QRegion(drawn) : TransparentFrame::drawnRegion();
-    }
+    [[nodiscard]] QRegion inkRegion() const { return knowsWhatItDraws ? drawn : rect(); }
 
     void markCanvas(const QColor& canvasColour)
     {

@@ -144,6 +144,32 @@ private:
     bool rightIsDown = false;
 };
 
+/// A tool that only draws, and knows nothing of regions.
+class StampFrame : public VcAction::Frame::PenFrame {
+public:
+    StampFrame()
+        : PenFrame(nullptr, 20, Qt::red, 0, false)
+    {
+    }
+
+    void draw(QPaintDevice* device) override
+    {
+        PenFrame::draw(device);
+        QPainter(device).fillRect(stamp, Qt::blue);
+    }
+
+    QRect stamp{300, 200, 80, 60};
+};
+
+/// A tool that draws more than it tells.
+class CarelessFrame : public StampFrame {
+public:
+    CarelessFrame() { paintOnly(&CarelessFrame::corner); }
+
+    [[nodiscard]] QRegion corner() const { return QRect(0, 0, 10, 10); }
+    void repaintWhole() { grab(); }
+};
+
 }
 
 /// What is on the screen after many small repaints is what painting all anew would give.
@@ -158,6 +184,8 @@ private slots:
     void smallRepaintsEqualAFullOne();
     void aNewStyleLeavesNothingBehind_data();
     void aNewStyleLeavesNothingBehind();
+    void aDerivedFrameNeedsNoMoreThanToDraw();
+    void whoDrawsOutsideOfWhatItTellsIsNamed();
 
 private:
     static void compare(Scribbler& user)
@@ -254,6 +282,47 @@ void ScreenPixelsTest::aNewStyleLeavesNothingBehind()
     user.finish();
     user.move();
     compare(user);
+}
+
+void ScreenPixelsTest::aDerivedFrameNeedsNoMoreThanToDraw()
+{
+    // Given
+    StampFrame frame;
+    const auto shown = [&frame](QPoint point) {
+        const QImage picture = frame.screen()->grabWindow(frame.winId()).toImage();
+        return picture.pixelColor(point * frame.devicePixelRatio());
+    };
+
+    // When
+    frame.start(true);
+
+    // Then
+    QTRY_COMPARE(shown(frame.stamp.center()), QColor(Qt::blue));
+    QCOMPARE(shown(frame.stamp.bottomRight()), QColor(Qt::blue));
+
+    // When
+    frame.stamp.translate(200, 100);
+    TestSupport::moveTo(frame, QPointF(20, 20));
+
+    // Then
+    QTRY_COMPARE(shown(frame.stamp.bottomRight()), QColor(Qt::blue));
+    QVERIFY(shown(frame.stamp.topLeft() - QPoint(100, 50)) != QColor(Qt::blue));
+}
+
+void ScreenPixelsTest::whoDrawsOutsideOfWhatItTellsIsNamed()
+{
+    if (!KORVEL_DEVELOPER)
+        QSKIP("looked at in the developer preset only");
+
+    // Given
+    CarelessFrame frame;
+    const QRegularExpression name("CarelessFrame draws outside");
+
+    // Then
+    QTest::ignoreMessage(QtWarningMsg, name);
+
+    // When
+    frame.repaintWhole();
 }
 
 QTEST_MAIN(ScreenPixelsTest)
