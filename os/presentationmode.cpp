@@ -14,10 +14,14 @@ constexpr int allHiddenMode = 3;
 
 void setSystemUIMode(int mode, int /*options*/)
 {
+    auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    if (!application)
+        return;
     // One for the process: a child of the application object, which sees the events of all windows.
-    auto* presenter = qGuiApp->findChild<WindowPresenter*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* presenter =
+        application->findChild<WindowPresenter*>(QString(), Qt::FindDirectChildrenOnly);
     if (!presenter)
-        presenter = new WindowPresenter(qGuiApp);
+        presenter = new WindowPresenter(application);
     presenter->setCovering(mode == allHiddenMode);
 }
 

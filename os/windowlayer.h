@@ -9,7 +9,7 @@ namespace osUtils::System {
 /// How a window asks to lie above everything else.
 struct WindowLayer {
     /// The names of the window type property's values.
-    enum class Type { Notification, Dock };
+    enum class Type { Normal, Notification, Dock };
 
     Type type = Type::Notification;
     /// Whether it asks for the full-screen state as well.

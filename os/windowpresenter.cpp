@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <utility>
 
 namespace osUtils::System {
 
@@ -88,12 +89,16 @@ WindowPresenter::WindowPresenter(QObject* application)
 
 void WindowPresenter::setCovering(bool wanted)
 {
-    covering = wanted;
-    if (!covering || !X11::isAvailable())
+    const bool released = std::exchange(covering, wanted) && !wanted;
+    if (!(covering || released) || !X11::isAvailable())
         return;
     for (QWindow* window : QGuiApplication::topLevelWindows()) {
-        if (window->isVisible() && isOverlay(*window))
+        if (!window->isVisible() || !isOverlay(*window))
+            continue;
+        if (covering)
             present(*window, X11::windowManagerName());
+        else
+            release(*window);
     }
 }
 
@@ -153,6 +158,18 @@ void WindowPresenter::present(QWindow& window, const QByteArray& windowManager)
     places[&window] = window.geometry();
     // A shown overlay that its tool has resized: with the hints of its old size it was held to that.
     X11::requestSize(window.winId(), place ? place->size() : deviceSize(window));
+}
+
+void WindowPresenter::release(QWindow& window)
+{
+    constexpr int unlimited = (1 << 24) - 1; // Qt's own for a window without a largest size
+    delete window.findChild<X11::ExactPlace*>(QString(), Qt::FindDirectChildrenOnly);
+    window.setMinimumSize(QSize(0, 0));
+    window.setMaximumSize(QSize(unlimited, unlimited));
+    X11::setWindowLayer(window.winId(), {WindowLayer::Type::Normal, false});
+    window.setWindowStates(Qt::WindowNoState);
+    // It stays on top of other windows, where some window managers keep panels, too.
+    window.lower();
 }
 
 void WindowPresenter::insistOnPlace(QWindow& window)

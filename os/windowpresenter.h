@@ -32,6 +32,7 @@ private:
     void bringUp(QWindow& window);
     void present(QWindow& window, const QByteArray& windowManager);
     void insistOnPlace(QWindow& window);
+    static void release(QWindow& window);
 
     bool covering = false;
     BorrowedKeyboard keyboard;

@@ -60,7 +60,8 @@ ShapeChooser ShapeChooser::make(QComboBox* sizes, QWidget* buttonParent, QPoint 
 
 int ShapeChooser::choose(int style) const
 {
-    styles->button(style)->setChecked(true);
+    if (QAbstractButton* button = styles->button(style))
+        button->setChecked(true);
     const bool shaped = style == shapeMode;
     showBox(*shapes, shaped);
     showBox(*sizes, !shaped);

@@ -78,6 +78,10 @@ void NorvikApplication::termSignalHandler(int /*signal*/)
 
 void NorvikApplication::handleSigTerm()
 {
+    if (!termNotifier) {
+        quit();
+        return;
+    }
     termNotifier->setEnabled(false);
     char byte = 0;
     [[maybe_unused]] const ssize_t taken = ::read(sigtermFd[1], &byte, sizeof(byte));

@@ -87,12 +87,15 @@ QByteArray windowManagerName()
 
 void setWindowLayer(WId window, const System::WindowLayer& layer)
 {
+    using Type = System::WindowLayer::Type;
     // The standard's order of preference: a window manager takes the first type that it knows.
-    const bool dock = layer.type == System::WindowLayer::Type::Dock;
-    const std::array<xcb_atom_t, 2> types{atom(dock ? wmWindowTypeDock : wmWindowTypeNotification),
-                                          atom(wmWindowTypeNormal)};
+    std::vector<xcb_atom_t> types;
+    if (layer.type != Type::Normal)
+        types.push_back(
+            atom(layer.type == Type::Dock ? wmWindowTypeDock : wmWindowTypeNotification));
+    types.push_back(atom(wmWindowTypeNormal));
     xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window), atom(wmWindowType),
-                        XCB_ATOM_ATOM, 32, types.size(), types.data());
+                        XCB_ATOM_ATOM, 32, static_cast<uint32_t>(types.size()), types.data());
     xcb_flush(connection());
 }
 

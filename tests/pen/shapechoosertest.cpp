@@ -84,6 +84,7 @@ private slots:
     void shapeModeShowsTheShapesInPlaceOfTheSizes();
     void otherModesShowTheSizesInPlaceOfTheShapes_data();
     void otherModesShowTheSizesInPlaceOfTheShapes();
+    void aModeWithoutAButtonLeavesTheButtonsAlone();
 };
 
 void ShapeChooserTest::aPaletteHasNoneUntilItIsBuilt()
@@ -314,6 +315,20 @@ void ShapeChooserTest::otherModesShowTheSizesInPlaceOfTheShapes()
     QVERIFY(!tool.palette.sizeComboBox->isHidden());
     QCOMPARE(tool.palette.sizeGroupBox->title(), QString("Size"));
     QTEST(tool.drawnShape(), "shape");
+}
+
+void ShapeChooserTest::aModeWithoutAButtonLeavesTheButtonsAlone()
+{
+    // Given
+    ShapeTool tool;
+    tool.palette.chooseStyle(0);
+
+    // When
+    tool.palette.chooseStyle(77);
+
+    // Then
+    QCOMPARE(tool.palette.styleButtonGroup->checkedId(), 0);
+    QCOMPARE(tool.canvas.frame.penStyle(), 77);
 }
 
 QTEST_MAIN(ShapeChooserTest)

@@ -104,6 +104,7 @@ private slots:
     void aSignalThatIsNotHandledKills_data();
     void aSignalThatIsNotHandledKills();
     void withoutASocketPairTheFirstSignalIsSwallowed();
+    void withoutASocketPairItsSlotStillEndsTheProgram();
     void twoProgramsRunSideBySide();
 
 private:
@@ -381,6 +382,19 @@ void NorvikApplicationTest::withoutASocketPairTheFirstSignalIsSwallowed()
     // then
     EVENTUALLY_COMPARE(program.status(), killedBy(SIGTERM));
     QCOMPARE(program.output(), QByteArray("ready\n"));
+}
+
+void NorvikApplicationTest::withoutASocketPairItsSlotStillEndsTheProgram()
+{
+    // given
+    const Home home;
+
+    // when
+    ChildProcess program(probe(home, "no-pair-slot"));
+
+    // then
+    EVENTUALLY_COMPARE(program.status(), 0);
+    QCOMPARE(program.output(), QByteArray("ready\ndestroyed\n"));
 }
 
 void NorvikApplicationTest::twoProgramsRunSideBySide()

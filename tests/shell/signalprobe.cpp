@@ -43,19 +43,22 @@ extern "C" int socketpair(int domain, int type, int protocol, int* descriptors) 
 }
 
 /// Tells how an application object takes signals. Arguments: "hang" to stay out of the event loop, "no-pair" for a
-/// system that has no socket pair left.
+/// system that has no socket pair left, "no-pair-slot" for the slot's being called there all the same.
 int main(int argc, char** argv)
 {
     const auto asked = [&](const char* word) { return argc > 1 && !std::strcmp(argv[1], word); };
     const bool hangs = asked("hang");
-    socketPairsFail = asked("no-pair");
+    const bool callsSlot = asked("no-pair-slot");
+    socketPairsFail = asked("no-pair") || callsSlot;
     int status = 0;
     {
-        const Helpers::NQt::NorvikApplication application("probe", argc, argv);
-        QTimer::singleShot(0, [hangs] {
+        Helpers::NQt::NorvikApplication application("probe", argc, argv);
+        QTimer::singleShot(0, [&] {
             say("ready");
             if (hangs)
                 hang();
+            if (callsSlot)
+                application.handleSigTerm();
         });
         status = QApplication::exec();
     }

@@ -1,5 +1,6 @@
 #include "action/frame/actionframe.h"
 #include "action/toolbar/actiontoolbar.h"
+#include "os/presentationmode.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -40,6 +41,8 @@ protected:
             resize(otherSize);
         else if (event->key() == Qt::Key_D)
             QMessageBox::information(this, QStringLiteral("Note"), QStringLiteral("To be closed."));
+        else if (event->key() == Qt::Key_N)
+            osUtils::System::setSystemUIMode(0, 0);
         else
             ActionFrame::keyPressEvent(event);
     }

@@ -11,6 +11,8 @@ private slots:
     void itsDialogOpensAboveIt();
     void itIsResizedByItsTool();
     void itHasNoShadow();
+    void inTheNormalModePanelsAreSeenAgain_data();
+    void inTheNormalModePanelsAreSeenAgain();
 
 private:
     static constexpr QRect Frame{0, 0, 800, 600};
@@ -93,6 +95,33 @@ void SmallFrameTest::itHasNoShadow()
     // then
     EVENTUALLY_COMPARE(difference(blanked(desktop->screen.grab(), {Frame}), before), QRect());
     QCOMPARE(difference(blanked(settledPicture(), {Frame}), before), QRect());
+}
+
+void SmallFrameTest::inTheNormalModePanelsAreSeenAgain_data()
+{
+    QTest::addColumn<QList<QByteArray>>("size");
+
+    QTest::newRow("of a size of its own") << QList<QByteArray>{"800", "600"};
+    QTest::newRow("over the whole screen") << QList<QByteArray>();
+}
+
+void SmallFrameTest::inTheNormalModePanelsAreSeenAgain()
+{
+    // given
+    QFETCH(QList<QByteArray>, size);
+    const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
+    EVENTUALLY(shows(panel, Qt::green));
+    Program program(*desktop, {.arguments = size, .executable = qgetenv("KORVEL_SHUTTER_TOOL")});
+    EVENTUALLY(program.hasKeyboard());
+    const QPoint covered = TopPanel.topLeft() + QPoint(20, 10);
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(covered), FrameColour);
+
+    // when
+    desktop->keyboard.strike('n');
+
+    // then
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(covered), QColor(Qt::green));
+    QCOMPARE(program.status(), ChildProcess::Running);
 }
 
 QTEST_GUILESS_MAIN(SmallFrameTest)
