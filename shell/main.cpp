@@ -4,6 +4,7 @@
 #include "pen/penframe.h"
 #include "pen/pentoolbar.h"
 #include "shell/fatalmessages.h"
+#include "shell/lostserver.h"
 #include "shell/norvikapplication.h"
 #include "shell/penarguments.h"
 #include "shell/plugins.h"
@@ -22,6 +23,7 @@ int main(int argc, char** argv)
     qputenv("QT_NO_GUI_THREADPOOL", "1");
     const osUtils::System::PlatformPreload platform;
     const osUtils::System::FontPreload fonts;
+    endQuietlyWithServer();
     endOnFatalMessages();
     QSettings settings("Varnholt", "Korvel");
     settings.setValue("langFile", "vellumcraft");

@@ -2,6 +2,7 @@
 #include "examples/liveboard/boardtoolbar.h"
 #include "os/compositor.h"
 #include "shell/fatalmessages.h"
+#include "shell/lostserver.h"
 #include "shell/norvikapplication.h"
 
 #include <QResource>
@@ -10,6 +11,7 @@
 
 int main(int argc, char** argv)
 {
+    endQuietlyWithServer();
     endOnFatalMessages();
     Helpers::NQt::NorvikApplication application("Liveboard", argc, argv);
     qInstallMessageHandler(nullptr);

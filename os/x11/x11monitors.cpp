@@ -74,7 +74,7 @@ QList<QRect> monitors()
 {
     // A request to an extension that is not there would close the connection.
     const xcb_query_extension_reply_t* randr = xcb_get_extension_data(connection(), &xcb_randr_id);
-    if (!randr->present)
+    if (!randr || !randr->present)
         return {};
     static KnownMonitors known(randr->first_event);
     return known.places();

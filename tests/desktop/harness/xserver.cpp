@@ -2,6 +2,8 @@
 
 #include "tests/desktop/harness/eventually.h"
 
+#include <QFile>
+
 #include <fcntl.h>
 #include <poll.h>
 
@@ -43,4 +45,13 @@ XServer::XServer(const QByteArray& program, const QList<QByteArray>& arguments)
     const QByteArray number = readLine(reading);
     if (!number.isEmpty())
         displayName = ':' + number;
+}
+
+void XServer::kill()
+{
+    server->send(SIGKILL);
+    static_cast<void>(eventually([this] { return !server->isRunning(); }));
+    const QString number = QString::fromLatin1(displayName.mid(1));
+    QFile::remove("/tmp/.X11-unix/X" + number);
+    QFile::remove("/tmp/.X" + number + "-lock");
 }

@@ -12,6 +12,9 @@ public:
     /// As in the environment variable DISPLAY, such as ":7"; empty if the server did not start.
     [[nodiscard]] QByteArray display() const { return displayName; }
 
+    /// Ends it at once, as a crash does: all connections to it break.
+    void kill();
+
 protected:
     /// Returns when the server takes connections, or has given up.
     XServer(const QByteArray& program, const QList<QByteArray>& arguments);

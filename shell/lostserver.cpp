@@ -1,0 +1,45 @@
+#include "shell/lostserver.h"
+
+#include <array>
+#include <csignal>
+#include <cstdlib>
+
+#include <poll.h>
+#include <unistd.h>
+
+namespace {
+
+struct sigaction faultAction { };
+
+/// Whether whatever was at the other end of one of the program's sockets is gone.
+bool hasLostConnection()
+{
+    constexpr int afterStandardStreams = 3;
+    std::array<pollfd, 64> files{};
+    for (size_t i = 0; i < files.size(); ++i)
+        files[i] = {afterStandardStreams + static_cast<int>(i), POLLRDHUP, 0};
+    ::poll(files.data(), files.size(), 0);
+    for (const pollfd& file : files) {
+        if (file.revents & (POLLHUP | POLLRDHUP))
+            return true;
+    }
+    return false;
+}
+
+void endOnFaultWithoutServer(int signal)
+{
+    if (hasLostConnection())
+        ::_exit(EXIT_FAILURE);
+    // The fault comes again as soon as this returns.
+    ::sigaction(signal, &faultAction, nullptr);
+}
+
+}
+
+void endQuietlyWithServer()
+{
+    ::signal(SIGPIPE, SIG_IGN);
+    struct sigaction action { };
+    action.sa_handler = endOnFaultWithoutServer;
+    ::sigaction(SIGSEGV, &action, &faultAction);
+}
