@@ -1,6 +1,5 @@
 #include "os/fontpreload.h"
 #include "os/platformpreload.h"
-#include "os/sessionbuspreload.h"
 #include "pen/penframe.h"
 #include "pen/pentoolbar.h"
 #include "shell/fatalmessages.h"
@@ -32,7 +31,6 @@ int main(int argc, char** argv)
     Helpers::NQt::NorvikApplication application(settings, argc, argv);
     // From here on a fatal message is a fault to be looked into.
     qInstallMessageHandler(nullptr);
-    const osUtils::System::SessionBusPreload sessionBus;
     loadNoMorePlugins();
     keepQuietWhenIdle();
     const PenArguments pen = penArguments(QCoreApplication::arguments());
