@@ -1,5 +1,4 @@
 #include "os/fontpreload.h"
-#include "os/platformpreload.h"
 #include "pen/penframe.h"
 #include "pen/pentoolbar.h"
 #include "shell/fatalmessages.h"
@@ -20,7 +19,6 @@ int main(int argc, char** argv)
     qputenv("QT_NO_GLIB", "1");
     // Where the toolkit knows this: handing a fill of some hundred lines to threads takes longer than the fill.
     qputenv("QT_NO_GUI_THREADPOOL", "1");
-    const osUtils::System::PlatformPreload platform;
     const osUtils::System::FontPreload fonts;
     endQuietlyWithServer();
     endOnFatalMessages();
