@@ -1,4 +1,3 @@
-#include "os/fontpreload.h"
 #include "pen/penframe.h"
 #include "pen/pentoolbar.h"
 #include "shell/fatalmessages.h"
@@ -19,7 +18,6 @@ int main(int argc, char** argv)
     qputenv("QT_NO_GLIB", "1");
     // Where the toolkit knows this: handing a fill of some hundred lines to threads takes longer than the fill.
     qputenv("QT_NO_GUI_THREADPOOL", "1");
-    const osUtils::System::FontPreload fonts;
     endQuietlyWithServer();
     endOnFatalMessages();
     QSettings settings("Varnholt", "Korvel");
