@@ -9,11 +9,27 @@
 
 #include <cerrno>
 #include <csignal>
+#include <filesystem>
+#include <system_error>
 
 #include <sys/socket.h>
 #include <unistd.h>
 
 namespace Helpers::NQt {
+
+namespace {
+
+/// Has a variable that names a file by a relative path name it wherever the program works.
+void makeAbsolute(const char* variable)
+{
+    const QByteArray path = qgetenv(variable);
+    std::error_code unknown;
+    const auto absolute = std::filesystem::absolute(path.toStdString(), unknown);
+    if (!path.isEmpty() && !unknown)
+        qputenv(variable, absolute.c_str());
+}
+
+}
 
 int NorvikApplication::sigtermFd[2] = {0, 0};
 
@@ -44,6 +60,8 @@ void NorvikApplication::create()
     setup_unix_signal_handlers();
     if (termNotifier)
         connect(termNotifier, SIGNAL(activated(int)), this, SLOT(handleSigTerm()));
+    // Further connections to the X server are made from the new working directory.
+    makeAbsolute("XAUTHORITY");
     QDir::setCurrent(applicationDirPath());
     loadDictionary();
     registerResources();

@@ -89,6 +89,8 @@ private slots:
     void anIdIsKept();
     void withoutAnIdItIsTheProgramsPath();
     void itsFolderIsTheWorkingDirectory();
+    void theAuthorityFileIsFoundFromThere_data();
+    void theAuthorityFileIsFoundFromThere();
     void theSettingsAreNotTouched();
 
     void terminationEndsTheLoopInOrder();
@@ -111,6 +113,7 @@ private:
     QTemporaryDir folder;
     QString startFolder = QDir::currentPath();
     struct sigaction actionBefore { };
+    const QByteArray authorityBefore = qgetenv("XAUTHORITY");
 };
 
 void NorvikApplicationTest::init()
@@ -123,6 +126,10 @@ void NorvikApplicationTest::init()
 void NorvikApplicationTest::cleanup()
 {
     ::sigaction(SIGTERM, &actionBefore, nullptr);
+    if (authorityBefore.isNull())
+        qunsetenv("XAUTHORITY");
+    else
+        qputenv("XAUTHORITY", authorityBefore);
     QDir::setCurrent(startFolder);
 }
 
@@ -192,6 +199,33 @@ void NorvikApplicationTest::itsFolderIsTheWorkingDirectory()
 
     // then
     QCOMPARE(QDir::currentPath(), QCoreApplication::applicationDirPath());
+}
+
+void NorvikApplicationTest::theAuthorityFileIsFoundFromThere_data()
+{
+    QTest::addColumn<QByteArray>("named");
+    QTest::addColumn<QByteArray>("kept");
+
+    const QByteArray start = QFile::encodeName(QDir(folder.path()).canonicalPath());
+    QTest::newRow("relative") << QByteArray("authority") << start + "/authority";
+    QTest::newRow("no valid text") << QByteArray("\xff") << start + "/\xff";
+    QTest::newRow("absolute") << QByteArray("/a/../authority") << QByteArray("/a/../authority");
+    QTest::newRow("empty") << QByteArray("") << QByteArray("");
+}
+
+void NorvikApplicationTest::theAuthorityFileIsFoundFromThere()
+{
+    // given
+    QFETCH(QByteArray, named);
+    QFETCH(QByteArray, kept);
+    qputenv("XAUTHORITY", named);
+    CommandLine line;
+
+    // when
+    const NorvikApplication application("probe", line.count, line.arguments);
+
+    // then
+    QCOMPARE(qgetenv("XAUTHORITY"), kept);
 }
 
 void NorvikApplicationTest::theSettingsAreNotTouched()
