@@ -168,6 +168,9 @@ void WindowPresenter::release(QWindow& window)
     window.setMaximumSize(QSize(unlimited, unlimited));
     X11::setWindowLayer(window.winId(), {WindowLayer::Type::Normal, false});
     window.setWindowStates(Qt::WindowNoState);
+    // Openbox (seen in 3.6) takes whatever covers the screen and has the keyboard for full-screen.
+    if (coveredScreen(window))
+        X11::requestSize(window.winId(), deviceSize(window) - QSize(0, 1));
     // It stays on top of other windows, where some window managers keep panels, too.
     window.lower();
 }

@@ -155,10 +155,13 @@ void PaletteTest::itFadesWhenAListIsClosedByAKey()
     Program korvel(*desktop);
     EVENTUALLY(korvel.isReady());
     const PaletteLayout& palette = desktop->palette;
+    desktop->pointer.moveTo(palette.handle());
+    EVENTUALLY(isBright());
+    const QColor handle = desktop->screen.colourAt(palette.handle());
     QVERIFY(desktop->controls.openList(colours ? palette.colourBox() : palette.sizeBox(), korvel));
     desktop->pointer.moveTo(Away);
     static_cast<void>(settledPicture());
-    QVERIFY(isBright());
+    QCOMPARE(desktop->screen.colourAt(palette.handle()), handle);
 
     // when
     desktop->keyboard.strike(key);

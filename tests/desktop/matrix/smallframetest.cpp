@@ -109,6 +109,8 @@ void SmallFrameTest::inTheNormalModePanelsAreSeenAgain()
 {
     // given
     QFETCH(QList<QByteArray>, size);
+    if (managerName().startsWith("xfwm4") && !size.isEmpty())
+        QSKIP("xfwm4 leaves what was a dock above other docks, see docs/desktops.md");
     const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
     EVENTUALLY(shows(panel, Qt::green));
     Program program(*desktop, {.arguments = size, .executable = qgetenv("KORVEL_SHUTTER_TOOL")});
