@@ -24,4 +24,11 @@ inline void expectListWarnings()
     QTest::ignoreMessage(QtWarningMsg, "This plugin does not support grabbing the keyboard");
 }
 
+/// When a palette's box opens its list, which is cut to a rounded border.
+inline void expectRoundedListWarnings()
+{
+    expectListWarnings();
+    QTest::ignoreMessage(QtWarningMsg, "This plugin does not support setting window masks");
+}
+
 }
