@@ -38,6 +38,7 @@ ActionFrame::ActionFrame(QWidget* parent, int engineType, int width, int height)
     setAttribute(Qt::WA_QuitOnClose, true);
     // Whoever goes on drawing has left the palette: keys no longer step its lists.
     setFocusPolicy(Qt::ClickFocus);
+    setAccessibleName(tr("Drawing area"));
     Helpers::NQt::Utils::setWindowShadow(this, false);
     osUtils::System::setSystemUIMode(allHiddenMode, 0);
 }

@@ -3,6 +3,8 @@
 #include "action/frame/actionframe.h"
 #include "action/toolbar/fadeanimation.h"
 #include "action/toolbar/listwatch.h"
+#include "action/toolbar/focusring.h"
+#include "action/toolbar/handlegrip.h"
 #include "action/toolbar/palettegeometry.h"
 #include "action/widget/densesheet.h"
 #include "action/widget/vctab.h"
@@ -26,11 +28,17 @@ namespace VcAction::Toolbar {
 namespace {
 
 // What the widgets' own sheets leave to the desktop's style, and the palette's light background cannot
-// do without: a flat group box has no frame, and a dark theme's white text would vanish. And the sizes of
-// the boxes' icons, see boxicons.h.
+// do without: a flat group box has no frame, and a dark theme's white text and dark buttons would vanish.
+// A FocusRing takes the place of the style's focus rectangles. And the sizes of the boxes' icons, see boxicons.h.
 constexpr auto paletteSheet =
     "VcAction--Widget--VcGroupBox { border: 0px; }"
     "VcAction--Widget--VcCheckBox, QTabBar::tab { color: #1f1814; }"
+    "QAbstractButton, QTabBar { outline: none; }"
+    "QToolButton { color: #1f1814; background: transparent; border: 1px solid transparent;"
+    "border-radius: 4px; }"
+    "QToolButton:checked { background: #e4deda; border-color: #8d827a; }"
+    "QToolButton:hover { background: #f2edea; border-color: #b23800; }"
+    "VcAction--Toolbar--ShutterHandle { background: #f3efec; border-color: #8d827a; }"
     "VcAction--Widget--VcComboBox, VcAction--Widget--VcComboBox QListView { icon-size: 32px; }"
     "VcAction--Widget--VcColorComboBox { icon-size: 35px; }"
     "VcAction--Widget--VcColorComboBox QListView { icon-size: 35px; }";
@@ -58,6 +66,18 @@ QCursor paletteCursor(const char* name, const QWidget& palette)
     return Helpers::NQt::sharpCursor(paletteImage(name, palette), hotSpot);
 }
 
+/// Has the Tab key reach a control of the palette after all others.
+void putLastInTabOrder(QWidget* control, const QWidget& palette)
+{
+    QWidget* last = control;
+    for (QWidget* next = palette.nextInFocusChain(); next != &palette;
+         next = next->nextInFocusChain()) {
+        if (next != control && (next->focusPolicy() & Qt::TabFocus) && palette.isAncestorOf(next))
+            last = next;
+    }
+    QWidget::setTabOrder(last, control);
+}
+
 }
 
 ActionToolbar::ActionToolbar(QWidget* parent, QSize size)
@@ -76,6 +96,9 @@ ActionToolbar::ActionToolbar(QWidget* parent, QSize size)
     // What the palette leaves alone must not reach the frame below: a press there would start a
     // stroke and the wheel step the colour.
     setAttribute(Qt::WA_NoMousePropagation);
+    // Its images have the handle on the left and the boxes' arrows on the right in every language.
+    setLayoutDirection(Qt::LeftToRight);
+    setAccessibleName(tr("Palette"));
     setStyleSheet(QLatin1String(paletteSheet));
     createBackImage(size);
     resize(size);
@@ -85,6 +108,7 @@ ActionToolbar::ActionToolbar(QWidget* parent, QSize size)
     connect(closeButton, SIGNAL(clicked()), QCoreApplication::instance(), SLOT(quit()));
     createAnimations();
     new ListWatch(this);
+    new FocusRing(this);
 }
 
 void ActionToolbar::createBackFrame()
@@ -93,6 +117,7 @@ void ActionToolbar::createBackFrame()
     backFrame->move(0, 0);
     backFrame->setStyleSheet(
         Widget::StyleSheets::forDensity(QLatin1String(backFrameSheet), devicePixelRatioF()));
+    grip = new HandleGrip(this);
 }
 
 void ActionToolbar::createTabHolder()
@@ -101,6 +126,7 @@ void ActionToolbar::createTabHolder()
     tabHolder->setFixedSize(width() - handleWidth, height());
     tabHolder->move(handleWidth, 0);
     tabHolder->setTabPosition(QTabWidget::South);
+    tabHolder->setFocusPolicy(Qt::NoFocus);
 }
 
 void ActionToolbar::createCloseButton()
@@ -109,6 +135,7 @@ void ActionToolbar::createCloseButton()
     closeButton->setFixedSize(closeButtonSize);
     closeButton->setStyleSheet(QLatin1String(closeButtonSheet));
     closeButton->setCheckable(false);
+    closeButton->setAccessibleName(tr("Close"));
     closeButton->move(openWidth - closeButtonMargin - closeButton->width(), closeButtonMargin);
 }
 
@@ -124,6 +151,7 @@ void ActionToolbar::createAnimations()
 
 void ActionToolbar::start()
 {
+    putLastInTabOrder(closeButton, *this);
     setVisible(true);
 }
 
@@ -163,6 +191,7 @@ QWidget* ActionToolbar::makeTabPage()
         resize(width(), height() + tabStripHeight);
         tabHolder->setFixedSize(width() - handleWidth, height());
         tabHolder->move(handleWidth, 0);
+        tabHolder->setFocusPolicy(Qt::TabFocus);
     }
     auto* page = new VcAction::Widget::VcTab(this);
     tabs.append(page);
@@ -332,6 +361,7 @@ void ActionToolbar::resizeEvent(QResizeEvent* /*event*/)
 void ActionToolbar::layOutBackground()
 {
     backFrame->setFixedSize(backFrameSize(size(), static_cast<int>(tabs.size())));
+    grip->setGeometry(handleArea(size()));
     createBackImage(size());
     leaveEmptyCorner();
     update();

@@ -16,6 +16,8 @@ class VcTabHolder;
 
 namespace VcAction::Toolbar {
 
+class HandleGrip;
+
 /// The floating palette of a tool, a child of the tool's frame: handle, background, close button,
 /// fading, tab pages and shutter. What the tool's controls do is the derived palette's.
 ///
@@ -116,6 +118,7 @@ private:
 
     double opacity = 1.0;
     QGraphicsOpacityEffect* opacityEffect;
+    HandleGrip* grip = nullptr;
 };
 
 }

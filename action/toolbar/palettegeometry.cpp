@@ -13,6 +13,11 @@ constexpr int cornerMargin = 80;
 
 }
 
+QRect handleArea(QSize palette)
+{
+    return {0, 0, handleWidth, palette.height() - tabStripHeight};
+}
+
 bool isOnHandle(QPoint point, QSize palette)
 {
     return point.x() < handleWidth && point.y() < palette.height() - tabStripHeight;

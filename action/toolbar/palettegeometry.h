@@ -13,7 +13,10 @@ constexpr int handleWidth = 40;
 /// Height of the strip below the pages that carries the tabs.
 constexpr int tabStripHeight = 33;
 
-/// Whether a press begins a drag: on the handle strip and above the tab strip's height.
+/// Where a press begins a drag: the handle strip above the tab strip's height.
+[[nodiscard]] QRect handleArea(QSize palette);
+
+/// Whether a press begins a drag.
 /// @param point  in the palette's coordinates
 [[nodiscard]] bool isOnHandle(QPoint point, QSize palette);
 

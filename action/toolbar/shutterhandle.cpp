@@ -12,6 +12,7 @@ ShutterHandle::ShutterHandle(ActionToolbar* toolbar)
     setArrowType(Qt::LeftArrow);
     // The keyboard stays with the frame, for Escape.
     setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(tr("Shutter"));
     connect(this, SIGNAL(clicked()), toolbar, SLOT(shutterOpenClose()));
     connect(this, SIGNAL(clicked()), this, SLOT(turnArrow()));
 }
