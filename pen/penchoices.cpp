@@ -25,14 +25,24 @@ constexpr SizePreset sizePresets[] = {
     {8, 12, 19}, {12, 10, 21}, {16, 8, 23}, {20, 6, 25}, {24, 4, 27}, {28, 2, 29}, {32, 1, 30},
 };
 
+/// Drawn larger with hard edges and then made smaller, which leaves the outline's straight parts as sharp
+/// as they are without antialiasing and makes its curves smooth.
 template <typename Draw> QIcon shapeIcon(qreal devicePixelRatio, Draw draw)
 {
-    QPixmap icon = Helpers::NQt::layerPixmap(iconSize, devicePixelRatio, Qt::transparent);
-    QPainter painter(&icon);
+    constexpr int enlargement = 4;
+    QPixmap large =
+        Helpers::NQt::layerPixmap(iconSize, devicePixelRatio * enlargement, Qt::transparent);
+    QPainter painter(&large);
     painter.setPen(Qt::black);
     painter.setBrush(QBrush(Qt::gray, Qt::SolidPattern));
+    // To the middle of the pixels: a line between two of them would cover half of both.
+    painter.translate(0.5, 0.5);
     draw(painter, QRect(QPoint(2, 6), QPoint(29, 25)));
     painter.end();
+
+    QPixmap icon =
+        large.scaled(large.size() / enlargement, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    icon.setDevicePixelRatio(devicePixelRatio);
     return icon;
 }
 

@@ -31,6 +31,7 @@ void placeInGroupBox(QWidget& box)
 VcComboBox* makeSizeBox(QWidget* parent, QPoint place)
 {
     auto* box = new VcComboBox(makeGroupBox(PenToolbar::tr("Size"), parent, place));
+    box->setAccessibleName(PenToolbar::tr("Size"));
     placeInGroupBox(*box);
     return box;
 }
@@ -40,6 +41,7 @@ VcColorComboBox* makeColorBox(QWidget* parent, QPoint place, ActionToolbar* tool
     VcGroupBox* groupBox = makeGroupBox(PenToolbar::tr("Color"), parent, place);
     groupBox->setAlignment(Qt::AlignLeft);
     auto* box = new VcColorComboBox(QColor(Qt::red), PenToolbar::tr("red"), groupBox, toolbar);
+    box->setAccessibleName(PenToolbar::tr("Color"));
     placeInGroupBox(*box);
     addPresetColors(*box);
     return box;

@@ -23,7 +23,7 @@ void showBox(QComboBox& box, bool wanted)
     box.setVisible(wanted);
 }
 
-QToolButton* makeStyleButton(QWidget* parent, QPoint place, const char* image)
+QToolButton* makeStyleButton(QWidget* parent, QPoint place, const char* image, const QString& name)
 {
     auto* button = new QToolButton(parent);
     button->setFixedSize(buttonSize);
@@ -33,6 +33,8 @@ QToolButton* makeStyleButton(QWidget* parent, QPoint place, const char* image)
     button->setIconSize(buttonIconSize);
     button->setIcon(Helpers::NQt::sharpImage(":/resource/action/pen/Img/" + QLatin1String(image),
                                              parent->devicePixelRatioF()));
+    button->setToolTip(name);
+    button->setAccessibleName(name);
     return button;
 }
 
@@ -45,15 +47,16 @@ ShapeChooser ShapeChooser::make(QComboBox* sizes, QWidget* buttonParent, QPoint 
                          new QButtonGroup(buttonParent)};
     chooser.shapes->setFixedSize(sizes->size());
     chooser.shapes->move(sizes->pos());
+    chooser.shapes->setAccessibleName(PenToolbar::tr("Shape"));
     fillShapes(*chooser.shapes);
 
     const QPoint next(buttonSize.width(), 0);
-    chooser.styles->addButton(makeStyleButton(buttonParent, buttonPlace, "freehand.png"),
+    const QString freehand = PenToolbar::tr("Freehand");
+    chooser.styles->addButton(makeStyleButton(buttonParent, buttonPlace, "freehand.png", freehand),
                               Frame::Freehand);
-    chooser.styles->addButton(makeStyleButton(buttonParent, buttonPlace + next, "shape.png"),
+    const QString shape = PenToolbar::tr("Shape");
+    chooser.styles->addButton(makeStyleButton(buttonParent, buttonPlace + next, "shape.png", shape),
                               shapeMode);
-    chooser.styles->button(Frame::Freehand)->setToolTip(PenToolbar::tr("Freehand"));
-    chooser.styles->button(shapeMode)->setToolTip(PenToolbar::tr("Shape"));
     chooser.choose(Frame::Freehand);
     return chooser;
 }

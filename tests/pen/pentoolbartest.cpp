@@ -6,7 +6,9 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
 #include "tests/support/metamethods.h"
+#include "tests/support/offscreenwarnings.h"
 
+#include <QAbstractButton>
 #include <QAbstractItemView>
 #include <QPropertyAnimation>
 #include <QRegularExpression>
@@ -119,6 +121,8 @@ private slots:
     void clickingTheBoxTogglesTransparency();
     void theSlotForTransparencySetsBoxAndPen();
     void itNeedsNoImages();
+    void theTabKeyBeginsWithTheSizes();
+    void eachOfItsBoxesHasAnAccessibleName();
 };
 
 void PenToolbarTest::itHasFiveSlotsAndNothingElse()
@@ -500,6 +504,38 @@ void PenToolbarTest::itNeedsNoImages()
     QVERIFY(tool.canvas.show());
     QVERIFY(tool.palette.isVisible());
     QVERIFY(!tool.canvas.screen().isNull());
+}
+
+void PenToolbarTest::theTabKeyBeginsWithTheSizes()
+{
+    // Given
+    Tool tool;
+    tool.canvas.frame.setToolbar(&tool.palette);
+    TestSupport::expectRaiseWarning();
+    tool.canvas.frame.start();
+    QVERIFY(QTest::qWaitForWindowActive(&tool.canvas.frame));
+
+    // When
+    QStringList names;
+    for (int step = 0; step < 5; ++step) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+        const auto* button = qobject_cast<QAbstractButton*>(QApplication::focusWidget());
+        const QString text = button ? button->text() : QString();
+        names.append(text.isEmpty() ? QApplication::focusWidget()->accessibleName() : text);
+    }
+
+    // Then
+    QCOMPARE(names, QStringList({"Size", "Color", "Transparent", "Close", "Size"}));
+}
+
+void PenToolbarTest::eachOfItsBoxesHasAnAccessibleName()
+{
+    // When
+    const Tool tool;
+
+    // Then
+    QCOMPARE(tool.palette.sizeComboBox->accessibleName(), QString("Size"));
+    QCOMPARE(tool.palette.colorComboBox->accessibleName(), QString("Color"));
 }
 
 QTEST_MAIN(PenToolbarTest)

@@ -9,6 +9,7 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QRegularExpression>
+#include <QStyleFactory>
 #include <QTest>
 
 using namespace PenTest;
@@ -79,6 +80,10 @@ private slots:
     void fillingItAgainDoesNotDoubleIt();
     void itsIconsShowTheShapes_data();
     void itsIconsShowTheShapes();
+    void itsIconsAreSmooth_data();
+    void itsIconsAreSmooth();
+    void eachOfItsControlsHasAnAccessibleName();
+    void itsButtonsIconsAreReadableUnderADarkTheme();
     void choosingAShapeSetsTheFramesStyle_data();
     void choosingAShapeSetsTheFramesStyle();
     void shapeModeShowsTheShapesInPlaceOfTheSizes();
@@ -243,6 +248,64 @@ void ShapeChooserTest::itsIconsShowTheShapes()
     QCOMPARE(icon.pixelColor(topmost), QColor(Qt::black));
     QTEST(TestSupport::colourAt(icon, QPoint(2, 6)).alpha() != 0, "fillsCorner");
     QTEST(TestSupport::colourAt(icon, QPoint(5, 7)).alpha() != 0, "fillsNearCorner");
+}
+
+void ShapeChooserTest::itsIconsAreSmooth_data()
+{
+    QTest::addColumn<int>("index");
+
+    QTest::newRow("ellipse") << 0;
+    QTest::newRow("round rectangle") << 2;
+}
+
+void ShapeChooserTest::itsIconsAreSmooth()
+{
+    // Given
+    QFETCH(int, index);
+
+    // When
+    const ShapeTool tool;
+
+    // Then
+    const QImage icon = tool.palette.shapeComboBox->itemIcon(index).pixmap(32, 32).toImage();
+    int softPixels = 0;
+    for (int y = 0; y < icon.height(); ++y) {
+        for (int x = 0; x < icon.width(); ++x) {
+            const int alpha = icon.pixelColor(x, y).alpha();
+            softPixels += alpha > 0 && alpha < 255 ? 1 : 0;
+        }
+    }
+    QVERIFY(softPixels > 20);
+}
+
+void ShapeChooserTest::eachOfItsControlsHasAnAccessibleName()
+{
+    // When
+    const ShapeTool tool;
+
+    // Then
+    QCOMPARE(tool.palette.shapeComboBox->accessibleName(), QString("Shape"));
+    QCOMPARE(tool.palette.styleButtonGroup->button(0)->accessibleName(), QString("Freehand"));
+    QCOMPARE(tool.palette.styleButtonGroup->button(1)->accessibleName(), QString("Shape"));
+}
+
+void ShapeChooserTest::itsButtonsIconsAreReadableUnderADarkTheme()
+{
+    // Given
+    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setPalette(QPalette(QColor(40, 40, 44), QColor(30, 30, 34)));
+
+    // When
+    const ShapeTool tool;
+
+    // Then
+    for (QAbstractButton* button : tool.palette.styleButtonGroup->buttons().first(2)) {
+        QImage picture(button->size(), QImage::Format_ARGB32);
+        picture.fill(Qt::white);
+        button->render(&picture, QPoint(), QRegion(), QWidget::RenderFlags());
+        QVERIFY(picture.pixelColor(4, 4).lightness() > 150);
+    }
+    QApplication::setPalette(QPalette());
 }
 
 void ShapeChooserTest::choosingAShapeSetsTheFramesStyle_data()
