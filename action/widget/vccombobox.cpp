@@ -67,6 +67,10 @@ void VcComboBox::showPopup()
     QWidget* list = view()->window();
     if (!list->findChild<RoundedList*>(QString(), Qt::FindDirectChildrenOnly))
         dressList();
+    // Not every style makes the list wider than the box for its entries.
+    view()->ensurePolished();
+    const int entryWidth = view()->sizeHintForColumn(modelColumn()) + 2 * view()->frameWidth();
+    view()->setMinimumWidth(qMax(view()->minimumWidth(), entryWidth));
     QComboBox::showPopup();
 }
 

@@ -9,6 +9,8 @@
 #include <QTest>
 #include <QtMath>
 
+#include <memory>
+
 using namespace TestSupport;
 using VcAction::Widget::VcComboBox;
 
@@ -81,6 +83,8 @@ private slots:
     void aSelectedSwatchKeepsItsColour();
     void anOpenListHasNoGreyCorners();
     void anOpenListsBorderIsRounded();
+    void anOpenListIsWideEnoughForItsEntries_data();
+    void anOpenListIsWideEnoughForItsEntries();
     void theListIsCalledWhatTheBoxIs();
 
 private:
@@ -240,6 +244,31 @@ void VcComboBoxTest::anOpenListsBorderIsRounded()
         QVERIFY(!shown.contains(corner));
     QVERIFY(shown.contains(QPoint(0, 5)));
     QVERIFY(shown.contains(QPoint(5, 0)));
+}
+
+void VcComboBoxTest::anOpenListIsWideEnoughForItsEntries_data()
+{
+    QTest::addColumn<QString>("style");
+
+    QTest::newRow("list over the box") << "Fusion";
+    QTest::newRow("list below the box") << "Windows";
+}
+
+void VcComboBoxTest::anOpenListIsWideEnoughForItsEntries()
+{
+    // Given
+    QFETCH(QString, style);
+    const std::unique_ptr<QStyle> boxStyle(QStyleFactory::create(style));
+    BoxInWindow in;
+    in.box.setStyle(boxStyle.get());
+    in.add(Qt::yellow, "A name longer than the box", QColor(Qt::yellow));
+
+    // When
+    (void)in.openList();
+
+    // Then
+    const QModelIndex entry = in.box.model()->index(0, 0);
+    QVERIFY(in.box.view()->viewport()->width() >= in.box.view()->sizeHintForIndex(entry).width());
 }
 
 void VcComboBoxTest::theListIsCalledWhatTheBoxIs()
