@@ -20,6 +20,8 @@ private slots:
     void thePaletteGrowsToo();
     void theCloseButtonIsWhereItShows_data() { addScales(); }
     void theCloseButtonIsWhereItShows();
+    void anOpenListHasNoGreyCorners_data() { addScales(); }
+    void anOpenListHasNoGreyCorners();
     void theFadedPaletteIsAsBeforeWhereADotPassed_data() { addScales(); }
     void theFadedPaletteIsAsBeforeWhereADotPassed();
     void theCursorsTipIsUnderThePointer_data() { addScales(); }
@@ -170,6 +172,36 @@ void ScaleTest::theCloseButtonIsWhereItShows()
 
     // then
     EVENTUALLY_COMPARE(korvel.status(), 0);
+}
+
+void ScaleTest::anOpenListHasNoGreyCorners()
+{
+    // given
+    QFETCH(QByteArray, scale);
+    const Program korvel(*desktop, launchAt(scale));
+    EVENTUALLY(korvel.isReady());
+
+    // when
+    QVERIFY(desktop->controls.openList(palette(scale).sizeBox(), korvel));
+
+    // then
+    const QRect list = desktop->windows.geometry(desktop->windows.listOf(korvel.pid()));
+    constexpr int radius = 5; // logical pixels
+    const int side = qCeil(radius * scale.toDouble());
+    // The lower ones lie above the palette, not above white.
+    for (const QPoint corner : {list.topLeft(), list.topRight() - QPoint(side - 1, 0)}) {
+        const QImage seen = desktop->screen.grab(QRect(corner, QSize(side, side)));
+        bool isCut = false;
+        for (int y = 0; y < side; ++y) {
+            for (int x = 0; x < side; ++x) {
+                const QColor colour = seen.pixelColor(x, y);
+                isCut = isCut || (y == 0 && colour == Qt::white);
+                // White, the border's orange and all between them have all the red that there is.
+                QVERIFY2(colour.red() >= 250, qPrintable(colour.name()));
+            }
+        }
+        QVERIFY(isCut);
+    }
 }
 
 void ScaleTest::theFadedPaletteIsAsBeforeWhereADotPassed()

@@ -25,9 +25,9 @@ public:
     /// Right of the handle, between two controls.
     [[nodiscard]] QPoint background() const { return at({122, 60}); }
     /// In the black disc or square that the size box shows.
-    [[nodiscard]] QPoint sizeIcon() const { return at({67, 46}); }
+    [[nodiscard]] QPoint sizeIcon() const { return at({71, 46}); }
     /// In the middle of the colour box's swatch, which shows the pen colour.
-    [[nodiscard]] QPoint swatch() const { return at({152, 46}); }
+    [[nodiscard]] QPoint swatch() const { return at({156, 46}); }
 
 private:
     qreal scale;
