@@ -30,7 +30,7 @@ public:
     ActionToolbar(QWidget* parent, QSize size);
     ~ActionToolbar() override = default;
 
-    /// Shows the palette.
+    /// Shows the palette. The close button comes after all controls made until then in the tab order.
     void start();
 
     /// Allows the shutter and shows its handle, which a derived palette must have made before.
