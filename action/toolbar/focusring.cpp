@@ -36,7 +36,10 @@ FocusRing::FocusRing(ActionToolbar* toolbar)
 {
     hide();
     setAttribute(Qt::WA_TransparentForMouseEvents);
-    connect(qApp, SIGNAL(focusChanged(QWidget*, QWidget*)), this, SLOT(moveTo(QWidget*, QWidget*)));
+    // A normalised signature has no blank after its comma.
+    // clang-format off
+    connect(qApp, SIGNAL(focusChanged(QWidget*,QWidget*)), this, SLOT(moveTo(QWidget*,QWidget*)));
+    // clang-format on
 }
 
 void FocusRing::moveTo(QWidget* previous, QWidget* control)
@@ -53,7 +56,7 @@ void FocusRing::moveTo(QWidget* previous, QWidget* control)
 
 void FocusRing::surroundFocused()
 {
-    setVisible(focused);
+    setVisible(!focused.isNull());
     if (!focused)
         return;
     constexpr int margin = gap + lineWidth;
