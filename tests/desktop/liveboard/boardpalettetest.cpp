@@ -28,7 +28,7 @@ private:
     /// What stands above the box on the page of the shapes.
     [[nodiscard]] QImage title() const { return part({102, 8}, {150, 20}); }
     /// The icon that the box shows.
-    [[nodiscard]] QColor icon() const { return colourAt(palette().at({128, 46})); }
+    [[nodiscard]] QColor icon() const { return colourAt(palette().at({132, 46})); }
     [[nodiscard]] QImage wholePalette() const { return desktop->screen.grab(palette().area()); }
 };
 
@@ -120,7 +120,7 @@ void BoardPaletteTest::aSizeChosenOnOnePageIsThatOfTheOther()
     clickTab(0);
 
     // then
-    const QPoint edgeOfTheDisc = palette().at({67 + 12, 46});
+    const QPoint edgeOfTheDisc = palette().at({71 + 12, 46});
     EVENTUALLY_COMPARE(colourAt(edgeOfTheDisc), QColor(Qt::black));
     desktop->pointer.drag(line({100, 100}, {300, 100}));
     EVENTUALLY_COMPARE(colourAt({200, 100 + qRound(14 * scale())}), QColor(Qt::yellow));
