@@ -2,9 +2,9 @@
 
 #include "action/frame/actionframe.h"
 #include "action/toolbar/fadeanimation.h"
-#include "action/toolbar/listwatch.h"
 #include "action/toolbar/focusring.h"
 #include "action/toolbar/handlegrip.h"
+#include "action/toolbar/listwatch.h"
 #include "action/toolbar/palettegeometry.h"
 #include "action/widget/densesheet.h"
 #include "action/widget/vctab.h"
