@@ -76,7 +76,7 @@ bool addLoginItemWithURL(const LoginItemUrlRef& url, bool hidden)
 
 bool addLoginItemWithPath(const std::string& path, bool hidden)
 {
-    return addLoginItemWithURL(LoginItemUrl::fromPath(path, LoginItemUrl::Kind::Directory), hidden);
+    return addLoginItemWithURL(LoginItemUrl::fromPath(path), hidden);
 }
 
 bool removeLoginItemAtIndex(int index)

@@ -1,29 +1,35 @@
 #include "os/login/loginitemservice.h"
 
-#include "os/login/autostartfolder.h"
-#include "os/login/listedurls.h"
-#include "os/login/loginitemfile.h"
+#include "os/login/autostart.h"
+
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
+#include <map>
+#include <mutex>
+#include <utility>
 
-using osUtils::Login::AutostartFile;
-using osUtils::Login::AutostartFolder;
+using osUtils::Login::AutostartItem;
 
 namespace {
 
-/// Opens the folder and lists its entries; without a folder there are none.
-OSStatus openAndList(AutostartFolder& folder, std::vector<AutostartFile>& files)
+/// The URL object of an entry: the one that an earlier listing gave for the same name and path, if
+/// anybody still holds it, else a new one.
+LoginItemUrlRef urlOf(const AutostartItem& item)
 {
-    OSStatus status = folder.open();
-    if (status == LoginItemStatus::success)
-        status = folder.list(files);
-    return status == ENOENT ? LoginItemStatus::success : status;
-}
+    static std::mutex guard;
+    static std::map<std::pair<std::string, std::string>, std::weak_ptr<const LoginItemUrl>> urls;
 
-LoginItemUrlRef urlOf(const AutostartFolder& folder, const AutostartFile& file)
-{
-    return osUtils::Login::listedUrl(folder.path() + '/' + file.name, file.entry.program);
+    const std::lock_guard lock(guard);
+    std::erase_if(urls, [](const auto& known) { return known.second.expired(); });
+    std::weak_ptr<const LoginItemUrl>& known = urls[{item.name, item.path}];
+    LoginItemUrlRef url = known.lock();
+    if (!url) {
+        url = LoginItemUrl::fromRawText(item.path);
+        known = url;
+    }
+    return url;
 }
 
 }
@@ -31,57 +37,51 @@ LoginItemUrlRef urlOf(const AutostartFolder& folder, const AutostartFile& file)
 OSStatus LIAECopyLoginItems(LoginItemArrayRef& items)
 {
     items.reset();
-    AutostartFolder folder;
-    std::vector<AutostartFile> files;
-    const OSStatus status = openAndList(folder, files);
+    std::vector<AutostartItem> entries;
+    const OSStatus status = osUtils::Login::listAutostart(entries);
     if (status != LoginItemStatus::success)
         return status;
-
     auto listed = std::make_unique<LoginItemArray>();
-    for (const AutostartFile& file : files)
-        listed->push_back({urlOf(folder, file), file.entry.hidden});
+    for (const AutostartItem& entry : entries)
+        listed->push_back({urlOf(entry), entry.hidden});
     items = std::move(listed);
     return status;
 }
 
-OSStatus LIAEAddRefAtEnd(const LoginItemFile& file, bool hidden)
+OSStatus LIAEAddRefAtEnd(const std::string& path, bool hidden)
 {
-    if (!file.isStillThere())
+    struct stat information { };
+    // A zero would end the path early, at what may be another file.
+    const bool canBeFile = path.starts_with('/') && path.find('\0') == std::string::npos;
+    if (!canBeFile || stat(path.c_str(), &information) != 0)
         return LoginItemStatus::fileNotFound;
-    AutostartFolder folder;
-    const OSStatus status = folder.openOrCreate();
-    if (status != LoginItemStatus::success)
-        return status;
-    return folder.add({file.path(), hidden, std::nullopt});
+    return osUtils::Login::addAutostart(path, hidden);
 }
 
 OSStatus LIAEAddURLAtEnd(const LoginItemUrlRef& url, bool hidden)
 {
-    const auto file = url ? LoginItemFile::fromUrl(*url) : std::nullopt;
-    return file ? LIAEAddRefAtEnd(*file, hidden) : LoginItemStatus::fileNotFound;
+    return url ? LIAEAddRefAtEnd(url->path(), hidden) : LoginItemStatus::fileNotFound;
 }
 
 OSStatus LIAERemove(int index)
 {
-    AutostartFolder folder;
-    std::vector<AutostartFile> files;
-    const OSStatus status = openAndList(folder, files);
+    std::vector<AutostartItem> entries;
+    const OSStatus status = osUtils::Login::listAutostart(entries);
     if (status != LoginItemStatus::success)
         return status;
-    if (index < 0 || static_cast<size_t>(index) >= files.size())
+    if (index < 0 || static_cast<size_t>(index) >= entries.size())
         return EINVAL;
-    return folder.remove(files[static_cast<size_t>(index)].name);
+    return osUtils::Login::removeAutostart(entries[static_cast<size_t>(index)].name);
 }
 
 OSStatus osUtils::Login::removeListedItem(const LoginItemUrlRef& url)
 {
-    AutostartFolder folder;
-    std::vector<AutostartFile> files;
-    const OSStatus status = openAndList(folder, files);
+    std::vector<AutostartItem> entries;
+    const OSStatus status = listAutostart(entries);
     if (status != LoginItemStatus::success)
         return status;
-    const auto found = std::find_if(files.begin(), files.end(), [&](const AutostartFile& file) {
-        return urlOf(folder, file) == url;
-    });
-    return found == files.end() ? ENOENT : folder.remove(found->name);
+    const auto found =
+        std::find_if(entries.begin(), entries.end(),
+                     [&url](const AutostartItem& entry) { return urlOf(entry) == url; });
+    return found == entries.end() ? ENOENT : removeAutostart(found->name);
 }

@@ -2,34 +2,30 @@
 
 #include "os/login/loginitem.h"
 
-class LoginItemFile;
+#include <string>
 
 /// The login items of the user, with statuses and without a word to anybody. Any thread may call;
 /// other processes may change the items at the same time, so that a position holds for the listing
 /// that it comes from and may be another's soon after.
 ///
-/// An item is an entry of type Application in the autostart folder of the user's sessions. Entries
-/// that hold for all users are no items and stay as they are; where the user's entry stood in for
-/// one of them, that one counts again once the user's is removed.
+/// An item is an entry of type Application that the user's sessions start: one in the user's
+/// autostart folder, or one for all users that the user's entries leave to count.
 
 /// Lists the items: first those that other programs have made, by the name of their file, then
-/// those added here, in the order of their addition. A folder that does not exist has no items; an
-/// entry that cannot be read is an error, since nobody knows whether it is one.
+/// those added here, in the order of their addition. Entries that cannot be read are passed over.
 /// @param items  the array, on success; else nothing
 [[nodiscard]] OSStatus LIAECopyLoginItems(LoginItemArrayRef& items);
 
-/// Adds an item behind all others, whether or not there is one for the file already. Waits at most
-/// five seconds while other processes add items (then EWOULDBLOCK).
-/// The item is kept and listed whatever bytes the path is of. Sessions may fail to start one with
-/// control characters, bytes that are no UTF-8, percent signs, quotes, dollar signs or backslashes
-/// in its path, since many read entries less exactly than the standard asks.
+/// Adds an item behind all others, whether or not there is one for the file already.
+/// @param path    absolute, of any bytes; loginitems.h tells what is started
 /// @param hidden  kept with the item
-[[nodiscard]] OSStatus LIAEAddRefAtEnd(const LoginItemFile& file, bool hidden);
+[[nodiscard]] OSStatus LIAEAddRefAtEnd(const std::string& path, bool hidden);
 
-/// Looks up the file of a URL and adds an item for it. Whether it is a program is not asked.
+/// The same for the file of a URL.
 [[nodiscard]] OSStatus LIAEAddURLAtEnd(const LoginItemUrlRef& url, bool hidden);
 
-/// Removes the item at a position, counted from 0; EINVAL if there is none.
+/// Removes the item at a position, counted from 0; EINVAL if there is none. An entry for all users
+/// stays, and is switched off for this one.
 [[nodiscard]] OSStatus LIAERemove(int index);
 
 namespace osUtils::Login {

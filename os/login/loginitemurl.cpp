@@ -1,39 +1,38 @@
 #include "os/login/loginitemurl.h"
 
-#include "os/login/glibowner.h"
+#include "os/desktopentry/glibowner.h"
 
 #include <filesystem>
 
-LoginItemUrl::LoginItemUrl(const std::string& path, Kind urlKind)
+namespace fs = std::filesystem;
+
+LoginItemUrl::LoginItemUrl(const std::string& path)
     : filePath(path)
-    , kind(urlKind)
 {
     while (filePath.size() > 1 && filePath.back() == '/')
         filePath.pop_back();
 }
 
-LoginItemUrlRef LoginItemUrl::fromPath(const std::string& path, Kind kind)
+LoginItemUrlRef LoginItemUrl::fromPath(const std::string& path)
 {
-    if (path.empty() || path.front() == '/')
-        return LoginItemUrlRef(new LoginItemUrl(path, kind));
     // Without a working directory the path stays relative and leads to no file.
     std::error_code error;
-    const auto folder = std::filesystem::current_path(error);
-    return LoginItemUrlRef(new LoginItemUrl(error ? path : (folder / path).native(), kind));
+    const fs::path absolute = path.empty() ? fs::path() : fs::absolute(path, error);
+    const fs::path normal = (error ? fs::path(path) : absolute).lexically_normal();
+    // The ".." after a link leads out of the folder behind the link.
+    const bool isElsewhere =
+        !fs::equivalent(absolute, normal, error) && fs::exists(absolute, error);
+    return LoginItemUrlRef(new LoginItemUrl(isElsewhere ? absolute : normal));
 }
 
 LoginItemUrlRef LoginItemUrl::fromRawText(const std::string& text)
 {
-    return LoginItemUrlRef(new LoginItemUrl(text, Kind::File));
+    return LoginItemUrlRef(new LoginItemUrl(text));
 }
 
 std::string LoginItemUrl::text() const
 {
-    const bool isAbsolute = !filePath.empty() && filePath.front() == '/';
-    const osUtils::Login::GlibText encoded(
+    const osUtils::GlibText encoded(
         g_uri_escape_bytes(reinterpret_cast<const guint8*>(filePath.data()), filePath.size(), "/"));
-    std::string url = (isAbsolute ? "file://" : "") + std::string(encoded.get());
-    if (kind == Kind::Directory && !url.ends_with('/'))
-        url += '/';
-    return url;
+    return (filePath.starts_with('/') ? "file://" : "") + std::string(encoded.get());
 }

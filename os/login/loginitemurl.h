@@ -12,24 +12,22 @@ using LoginItemUrlRef = std::shared_ptr<const LoginItemUrl>;
 /// The URL of a file, of which login items are made. Says nothing of whether the file exists.
 class LoginItemUrl {
 public:
-    enum class Kind { File, Directory };
-
-    /// A new object for a path, which begins at the working directory if it is relative.
+    /// A new object for a path, which begins at the working directory if it is relative. Of ".", ".."
+    /// and doubled slashes none is left, unless the path leads elsewhere without them.
     /// @param path  any bytes, not taken for UTF-8
-    [[nodiscard]] static LoginItemUrlRef fromPath(const std::string& path, Kind kind = Kind::File);
+    [[nodiscard]] static LoginItemUrlRef fromPath(const std::string& path);
     /// A new object for the text by which an entry names its program: an absolute path, or other
     /// text that leads to no file.
     [[nodiscard]] static LoginItemUrlRef fromRawText(const std::string& text);
 
     /// Path of the file, without a slash at its end unless it is the root.
     [[nodiscard]] const std::string& path() const { return filePath; }
-    /// "file://" and the path with everything percent-encoded that needs it, and a slash at the end
-    /// of a directory's. Of a relative path no more than that, encoded.
+    /// "file://" and the path with everything percent-encoded that needs it; of a relative path no
+    /// more than that, encoded.
     [[nodiscard]] std::string text() const;
 
 private:
-    LoginItemUrl(const std::string& path, Kind kind);
+    explicit LoginItemUrl(const std::string& path);
 
     std::string filePath;
-    Kind kind;
 };

@@ -1,6 +1,6 @@
 #include "os/login/pathsearch.h"
 
-#include "os/login/glibowner.h"
+#include "os/desktopentry/glibowner.h"
 
 namespace osUtils::Login {
 

@@ -4,13 +4,13 @@
 
 /// Whether an application starts when the user logs in.
 ///
-/// An application is named by its desktop-entry id without ".desktop" and stands for the program
-/// that its entry starts, without arguments. One that is itself an argument, as of a sandbox or an
-/// interpreter, cannot be told from others of its kind.
+/// An application is named by its desktop-entry id without ".desktop", as in "org.gnome.gedit", where
+/// "-" may stand for the slash of a sub-folder. Its path is that of its desktop entry, whole: items
+/// of other applications are neither found nor removed, whatever they start.
 namespace osUtils::System {
 
-/// Whether the application's program is among the login items, by indexForLoginItemWithPath() and
-/// with its words on failure. False, without a word, if no application has the identifier.
+/// Whether the application is among the login items, with the words of allLoginItems() on failure.
+/// False, without a word, if no application has the identifier.
 [[nodiscard]] bool startWithOS(const std::string& bundleId);
 
 /// Makes an application start with the login if it did not, and no longer if it did.

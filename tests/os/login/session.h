@@ -94,6 +94,7 @@ public:
     [[nodiscard]] Path programs() const { return root() / "programs"; }
     [[nodiscard]] Path autostart() const { return home() / "config/autostart"; }
     [[nodiscard]] Path applications() const { return home() / "data/applications"; }
+    [[nodiscard]] Path systemAutostart() const { return root() / "system/config/autostart"; }
     [[nodiscard]] Path systemApplications() const { return root() / "system/data/applications"; }
 
     void set(const char* name, const std::string& value)

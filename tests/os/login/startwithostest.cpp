@@ -4,6 +4,7 @@
 #include "tests/os/login/listedpaths.h"
 #include "tests/os/login/session.h"
 
+#include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -17,9 +18,25 @@ using osUtils::System::switchOsStartBehavior;
 
 namespace {
 
+constexpr auto deletedEntry = "[Desktop Entry]\nType=Application\nHidden=true\n";
+
 std::string entryOf(const std::string& exec)
 {
     return "[Desktop Entry]\nType=Application\nName=Painter\nExec=" + exec + '\n';
+}
+
+/// What dex would start at the login, a line each.
+QByteArrayList commandsOfDex()
+{
+    QProcess dex;
+    dex.start("dex", {"--autostart", "--dry-run"});
+    dex.waitForFinished();
+    QByteArrayList commands = dex.readAllStandardOutput().split('\n');
+    commands.removeAll("");
+    for (QByteArray& command : commands)
+        command.remove(0, command.indexOf(": ") + 2);
+    std::sort(commands.begin(), commands.end());
+    return commands;
 }
 
 }
@@ -30,10 +47,18 @@ class StartWithOsTest : public QObject {
 
 private slots:
     void init();
-    void cleanup();
-    void switchingOnAddsTheProgramAtTheEnd();
+    void cleanup() { session.reset(); }
+    void switchingOnAddsTheApplicationAtTheEnd();
+    void theWholeCommandLineIsStarted_data();
+    void theWholeCommandLineIsStarted();
     void switchingTwiceLeavesTheItemsAsTheyWere();
-    void anItemOfOthersCountsToo();
+    void itemsThatStartTheLikeAreLeftAlone_data();
+    void itemsThatStartTheLikeAreLeftAlone();
+    void anEntryOfTheApplicationsNameIsTheApplications();
+    void anEntryForAllUsersIsSwitchedOffAndOn();
+    void theUsersOwnEntryForOneForAllUsersIsSwitchedOffAndOn();
+    void anEntryThatTheUserSwitchedOffElsewhereIsKept();
+    void anApplicationThatMovesIsStillTheSame();
     void aVanishedProgramCanBeSwitchedOffButNotOn();
     void anIdentifierIsFoundWhereApplicationsAre_data();
     void anIdentifierIsFoundWhereApplicationsAre();
@@ -43,6 +68,11 @@ private slots:
     void failuresAreReported();
 
 private:
+    void addApplication(const std::string& id, const std::string& exec) const
+    {
+        writeFile(session->applications() / (id + ".desktop"), entryOf(exec));
+    }
+
     std::optional<Session> session;
 };
 
@@ -52,16 +82,10 @@ void StartWithOsTest::init()
     session.emplace();
 }
 
-void StartWithOsTest::cleanup()
-{
-    session.reset();
-}
-
-void StartWithOsTest::switchingOnAddsTheProgramAtTheEnd()
+void StartWithOsTest::switchingOnAddsTheApplicationAtTheEnd()
 {
     // given
-    const std::string program = session->addProgram("painter");
-    writeFile(session->applications() / "org.example.Painter.desktop", entryOf("painter --now %U"));
+    addApplication("org.example.Painter", "sh --now %U");
     session->addEntry("z.desktop", "Type=Application\nExec=/z\n");
     QVERIFY(!startWithOS("org.example.Painter"));
 
@@ -71,15 +95,46 @@ void StartWithOsTest::switchingOnAddsTheProgramAtTheEnd()
     // then
     QVERIFY(isSwitched);
     QVERIFY(startWithOS("org.example.Painter"));
-    QCOMPARE(listedPaths(), (Paths{"/z", program}));
+    QCOMPARE(listedPaths(), (Paths{"/z", session->applications() / "org.example.Painter.desktop"}));
     QVERIFY(!allLoginItems()->at(1).Hidden);
+}
+
+void StartWithOsTest::theWholeCommandLineIsStarted_data()
+{
+    QTest::addColumn<std::string>("exec");
+    QTest::addColumn<QByteArray>("command");
+
+    const auto row = [](const char* name, const char* exec, const char* command) {
+        QTest::newRow(name) << std::string(exec) << QByteArray(command);
+    };
+    row("arguments", "/bin/sh -a b", "/bin/sh -a b");
+    row("a program by its name", "sh -c true", "sh -c true");
+    row("files to open", "sh %F --url=%u %U end", "sh --url= end");
+    row("its name and entry", "sh --title %c", "sh --title Painter");
+    row("a wrapper", "/usr/bin/env FOO=1 xclock", "/usr/bin/env FOO=1 xclock");
+    row("a program within a word", "sh -c \"a b; c\"", "sh -c a b; c");
+    row("a doubled percent sign", "sh 100%%",
+        "/bin/sh -c echo ZXhlYyAnc2gnICcxMDAlJyA8L2Rldi9udWxs | base64 -d | /bin/sh");
+}
+
+void StartWithOsTest::theWholeCommandLineIsStarted()
+{
+    // given
+    QFETCH(std::string, exec);
+    QFETCH(QByteArray, command);
+    addApplication("painter", exec);
+
+    // when
+    QVERIFY(switchOsStartBehavior("painter", ""));
+
+    // then
+    QCOMPARE(commandsOfDex(), QByteArrayList{command});
 }
 
 void StartWithOsTest::switchingTwiceLeavesTheItemsAsTheyWere()
 {
     // given
-    session->addProgram("painter");
-    writeFile(session->applications() / "painter.desktop", entryOf("painter"));
+    addApplication("painter", "sh");
     session->addEntry("a.desktop", "Type=Application\nExec=/a\n");
     QVERIFY(addLoginItemWithPath("/bin/sh", true));
     const std::set<std::string> files = namesIn(session->autostart());
@@ -94,12 +149,59 @@ void StartWithOsTest::switchingTwiceLeavesTheItemsAsTheyWere()
     QCOMPARE(listedPaths(), (Paths{"/a", "/bin/sh"}));
 }
 
-void StartWithOsTest::anItemOfOthersCountsToo()
+void StartWithOsTest::itemsThatStartTheLikeAreLeftAlone_data()
+{
+    QTest::addColumn<std::string>("id");
+    QTest::addColumn<std::string>("exec");
+    QTest::addColumn<std::string>("otherExec");
+
+    const auto row = [](const char* name, const char* id, const char* exec, const char* other) {
+        QTest::newRow(name) << std::string(id) << std::string(exec) << std::string(other);
+    };
+    row("a wrapper", "clock", "/usr/bin/env FOO=1 xclock", "env BAR=2 xeyes");
+    row("a sandbox", "org.x.A", "/bin/sh run org.x.A", "/bin/sh run org.x.B");
+    row("an interpreter", "tool", "sh /opt/tool", "sh /opt/other");
+    row("a prefix", "foot", "foot", "footclient");
+    row("the same program", "foot", "/bin/sh", "/bin/sh");
+    row("the entry itself", "foot", "/bin/sh", "vi foot.desktop");
+}
+
+void StartWithOsTest::itemsThatStartTheLikeAreLeftAlone()
 {
     // given
-    const std::string program = session->addProgram("painter");
-    writeFile(session->applications() / "painter.desktop", entryOf(program));
-    session->addEntry("a.desktop", "Type=Application\nExec=painter --tray\n");
+    QFETCH(std::string, id);
+    QFETCH(std::string, exec);
+    QFETCH(std::string, otherExec);
+    session->addProgram("foot");
+    session->addProgram("footclient");
+    addApplication(id, exec);
+    addApplication(id + "client", otherExec);
+    addApplication("FOOT", otherExec);
+    addApplication("sub/" + id, otherExec);
+    session->addEntry("mine.desktop", "Type=Application\nExec=" + otherExec + '\n');
+    for (const std::string& other : {id + "client", std::string("FOOT"), "sub-" + id})
+        QVERIFY(switchOsStartBehavior(other, ""));
+    const Paths before = listedPaths();
+    QCOMPARE(before.size(), size_t{4});
+
+    // when
+    const bool startsBefore = startWithOS(id);
+    QVERIFY(switchOsStartBehavior(id, ""));
+    const bool startsThen = startWithOS(id);
+    QVERIFY(switchOsStartBehavior(id, ""));
+
+    // then
+    QVERIFY(!startsBefore);
+    QVERIFY(startsThen);
+    QVERIFY(!startWithOS(id));
+    QCOMPARE(listedPaths(), before);
+}
+
+void StartWithOsTest::anEntryOfTheApplicationsNameIsTheApplications()
+{
+    // given
+    addApplication("painter", "sh");
+    session->addEntry("painter.desktop", "Type=Application\nExec=painter --tray\n");
 
     // when
     const bool starts = startWithOS("painter");
@@ -108,13 +210,92 @@ void StartWithOsTest::anItemOfOthersCountsToo()
     QVERIFY(starts);
     QVERIFY(switchOsStartBehavior("painter", ""));
     QCOMPARE(listedPaths(), Paths{});
+    QVERIFY(namesIn(session->autostart()).empty());
+}
+
+void StartWithOsTest::anEntryForAllUsersIsSwitchedOffAndOn()
+{
+    // given
+    addApplication("painter", "sh");
+    const std::string entry = entryOf("sh --for-all");
+    writeFile(session->systemAutostart() / "painter.desktop", entry);
+    const Paths before = listedPaths();
+    QVERIFY(startWithOS("painter"));
+    QCOMPARE(commandsOfDex(), QByteArrayList{"sh --for-all"});
+
+    // when
+    QVERIFY(switchOsStartBehavior("painter", ""));
+    const bool starts = startWithOS("painter");
+    const QByteArrayList commands = commandsOfDex();
+    const std::string usersEntry = readFile(session->autostart() / "painter.desktop");
+    QVERIFY(switchOsStartBehavior("painter", ""));
+
+    // then
+    QVERIFY(!starts);
+    QCOMPARE(commands, QByteArrayList{});
+    QVERIFY(usersEntry.find("\nHidden=true\n") != std::string::npos);
+    QVERIFY(startWithOS("painter"));
+    QCOMPARE(commandsOfDex(), QByteArrayList{"sh --for-all"});
+    QCOMPARE(listedPaths(), before);
+    QVERIFY(namesIn(session->autostart()).empty());
+    QCOMPARE(readFile(session->systemAutostart() / "painter.desktop"), entry);
+}
+
+void StartWithOsTest::theUsersOwnEntryForOneForAllUsersIsSwitchedOffAndOn()
+{
+    // given
+    addApplication("painter", "sh");
+    writeFile(session->systemAutostart() / "painter.desktop", entryOf("sh --for-all"));
+    writeFile(session->autostart() / "painter.desktop", entryOf("sh --mine"));
+    QCOMPARE(commandsOfDex(), QByteArrayList{"sh --mine"});
+
+    // when
+    QVERIFY(switchOsStartBehavior("painter", ""));
+    const QByteArrayList whileOff = commandsOfDex();
+    QVERIFY(switchOsStartBehavior("painter", ""));
+
+    // then
+    QCOMPARE(whileOff, QByteArrayList{});
+    QCOMPARE(commandsOfDex(), QByteArrayList{"sh --for-all"});
+}
+
+void StartWithOsTest::anEntryThatTheUserSwitchedOffElsewhereIsKept()
+{
+    // given
+    addApplication("painter", "sh --painter");
+    const std::string off = entryOf("sh --mine") + "Hidden=true\n";
+    writeFile(session->autostart() / "painter.desktop", off);
+    QVERIFY(!startWithOS("painter"));
+
+    // when
+    QVERIFY(switchOsStartBehavior("painter", ""));
+
+    // then
+    QVERIFY(startWithOS("painter"));
+    QCOMPARE(commandsOfDex(), QByteArrayList{"sh --painter"});
+    QCOMPARE(readFile(session->autostart() / "painter.desktop"), off);
+}
+
+void StartWithOsTest::anApplicationThatMovesIsStillTheSame()
+{
+    // given
+    writeFile(session->systemApplications() / "painter.desktop", entryOf("sh"));
+    QVERIFY(switchOsStartBehavior("painter", ""));
+
+    // when
+    addApplication("painter", "sh --mine");
+
+    // then
+    QVERIFY(startWithOS("painter"));
+    QVERIFY(switchOsStartBehavior("painter", ""));
+    QCOMPARE(listedPaths(), Paths{});
 }
 
 void StartWithOsTest::aVanishedProgramCanBeSwitchedOffButNotOn()
 {
     // given
-    writeFile(session->applications() / "gone.desktop", entryOf("/opt/gone/painter"));
-    session->addEntry("a.desktop", "Type=Application\nExec=/opt/gone/painter\n");
+    addApplication("gone", "/opt/gone/painter");
+    session->addEntry("gone.desktop", "Type=Application\nExec=/opt/gone/painter\n");
     QVERIFY(startWithOS("gone"));
     QVERIFY(switchOsStartBehavior("gone", ""));
 
@@ -133,18 +314,18 @@ void StartWithOsTest::anIdentifierIsFoundWhereApplicationsAre_data()
     QTest::addColumn<bool>("isUsers");
     QTest::addColumn<std::string>("file");
 
-    QTest::newRow("user's") << std::string("a") << true << std::string("a.desktop");
-    QTest::newRow("system's") << std::string("a") << false << std::string("a.desktop");
-    QTest::newRow("dots") << std::string("org.x.A") << false << std::string("org.x.A.desktop");
-    QTest::newRow("dash") << std::string("x-a") << true << std::string("x-a.desktop");
-    QTest::newRow("folder") << std::string("x-a") << true << std::string("x/a.desktop");
-    QTest::newRow("two folders") << std::string("x-y-a") << true << std::string("x/y/a.desktop");
-    QTest::newRow("a dash in the folder")
-        << std::string("x-y-a") << true << std::string("x-y/a.desktop");
-    QTest::newRow("a dash in the file")
-        << std::string("x-y-a") << true << std::string("x/y-a.desktop");
-    QTest::newRow("non-ASCII") << std::string("\xc3\xa9") << true
-                               << std::string("\xc3\xa9.desktop");
+    const auto row = [](const char* name, const char* id, bool isUsers, const char* file) {
+        QTest::newRow(name) << std::string(id) << isUsers << file + std::string(".desktop");
+    };
+    row("user's", "a", true, "a");
+    row("system's", "a", false, "a");
+    row("dots", "org.x.A", false, "org.x.A");
+    row("dash", "x-a", true, "x-a");
+    row("folder", "x-a", true, "x/a");
+    row("two folders", "x-y-a", true, "x/y/a");
+    row("a dash in the folder", "x-y-a", true, "x-y/a");
+    row("a dash in the file", "x-y-a", true, "x/y-a");
+    row("non-ASCII", "\xc3\xa9", true, "\xc3\xa9");
 }
 
 void StartWithOsTest::anIdentifierIsFoundWhereApplicationsAre()
@@ -153,36 +334,37 @@ void StartWithOsTest::anIdentifierIsFoundWhereApplicationsAre()
     QFETCH(std::string, id);
     QFETCH(bool, isUsers);
     QFETCH(std::string, file);
-    const std::string program = session->addProgram("painter");
-    writeFile((isUsers ? session->applications() : session->systemApplications()) / file,
-              entryOf(program));
+    const Path path = (isUsers ? session->applications() : session->systemApplications()) / file;
+    writeFile(path, entryOf("sh"));
 
     // when
-    const bool isSwitched = switchOsStartBehavior(id, "");
+    QVERIFY(switchOsStartBehavior(id, ""));
+    const Paths paths = listedPaths();
+    QVERIFY(switchOsStartBehavior(id, ""));
 
     // then
-    QVERIFY(isSwitched);
-    QCOMPARE(listedPaths(), Paths{program});
+    QCOMPARE(paths, Paths{path});
+    QCOMPARE(listedPaths(), Paths{});
 }
 
 void StartWithOsTest::theUsersEntryComesBeforeTheSystems()
 {
     // given
-    writeFile(session->systemApplications() / "a.desktop", entryOf("/bin/false"));
-    writeFile(session->applications() / "a.desktop", entryOf("/bin/true"));
+    writeFile(session->systemApplications() / "a.desktop", entryOf("false"));
+    addApplication("a", "true");
 
     // when
     QVERIFY(switchOsStartBehavior("a", ""));
 
     // then
-    QCOMPARE(listedPaths(), Paths{"/bin/true"});
+    QCOMPARE(commandsOfDex(), QByteArrayList{"true"});
 }
 
 void StartWithOsTest::withoutAnApplicationNothingHappens_data()
 {
     QTest::addColumn<std::string>("id");
 
-    for (const char* id : {"missing", "", "deleted", "link", "broken", "relative", "folder", "pipe",
+    for (const char* id : {"missing", "", "deleted", "link", "broken", "folder", "pipe",
                            "../applications/good", "/bin/sh", "good.desktop", "-good", "good-"})
         QTest::newRow(*id ? id : "empty") << std::string(id);
     QTest::newRow("too long") << std::string(5000, 'x');
@@ -194,12 +376,11 @@ void StartWithOsTest::withoutAnApplicationNothingHappens()
     // given
     QFETCH(std::string, id);
     const Path folder = session->applications();
-    writeFile(folder / "good.desktop", entryOf("/bin/sh"));
-    writeFile(folder / "deleted.desktop", entryOf("/bin/sh") + "Hidden=true\n");
+    addApplication("good", "/bin/sh");
+    writeFile(folder / "deleted.desktop", deletedEntry);
     writeFile(session->systemApplications() / "deleted.desktop", entryOf("/bin/sh"));
     writeFile(folder / "link.desktop", "[Desktop Entry]\nType=Link\nURL=/bin/sh\n");
     writeFile(folder / "broken.desktop", "Exec=/bin/sh\n");
-    writeFile(folder / "relative.desktop", entryOf("no-such-program-7c1"));
     writeFile(folder / "folder.desktop/a", "");
     mkfifo((folder / "pipe.desktop").c_str(), 0600);
     session->addEntry("a.desktop", "Type=Application\nExec=/opt/no-such-program-7c1\n");
@@ -222,7 +403,7 @@ void StartWithOsTest::withoutAnApplicationNothingHappens()
 void StartWithOsTest::failuresAreReported()
 {
     // given
-    writeFile(session->applications() / "a.desktop", entryOf("/bin/true"));
+    addApplication("a", "true");
     writeFile(session->autostart(), "");
 
     // when
@@ -234,5 +415,5 @@ void StartWithOsTest::failuresAreReported()
     QCOMPARE(switched, asked + "Couldn't add login item error 20");
 }
 
-QTEST_APPLESS_MAIN(StartWithOsTest)
+QTEST_GUILESS_MAIN(StartWithOsTest)
 #include "startwithostest.moc"

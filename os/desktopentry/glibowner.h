@@ -4,7 +4,7 @@
 
 #include <memory>
 
-namespace osUtils::Login {
+namespace osUtils {
 
 /// Gives back what GLib has allocated.
 struct FreeFromGlib {
