@@ -14,15 +14,21 @@
 /// All items in their order; null after printing "Couldn't list login items error " and the status.
 [[nodiscard]] LoginItemArrayRef allLoginItems();
 
-/// Adds an item behind all others; there may be one for the file already.
+/// Adds an item behind all others for a file, which there may be one for already.
+///
+/// A program starts itself, a desktop entry its application with all its arguments, and anything
+/// else is opened by xdg-open, as the desktop would. Paths of any bytes are started alike by dex,
+/// Openbox, GLib and systemd; those that one of them would misread go through a shell and base64 of
+/// coreutils. Programs for a terminal start only where the session knows one.
 /// @param url     stays the caller's; the item gets another object when it is listed
 /// @param hidden  a mark that is listed with the item
 /// @return  success; else prints "Couldn't add login item error " and the status
 bool addLoginItemWithURL(const LoginItemUrlRef& url, bool hidden);
-/// The same for a path, taken as a directory's; a relative one begins at the working directory.
+/// The same for a path; a relative one begins at the working directory.
 bool addLoginItemWithPath(const std::string& path, bool hidden);
 
-/// Removes the item at a position, counted from 0.
+/// Removes the item at a position, counted from 0. One that all users have is switched off for this
+/// one only, as the base specification has it; adding its application switches it on again.
 /// @return  success; else prints "Couldn't remove login intem error " and the status
 bool removeLoginItemAtIndex(int index);
 

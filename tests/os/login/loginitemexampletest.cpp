@@ -1,4 +1,4 @@
-#include "tests/os/login/session.h"
+#include "tests/os/desktopentry/session.h"
 
 #include <QRegularExpression>
 #include <QTest>

@@ -1,8 +1,8 @@
 #include "os/login/startwithos.h"
 
 #include "os/login/loginitems.h"
+#include "tests/os/desktopentry/session.h"
 #include "tests/os/login/listedpaths.h"
-#include "tests/os/login/session.h"
 
 #include <QProcess>
 #include <QRegularExpression>

@@ -6,7 +6,6 @@
 #include <cstdio>
 
 #include <fcntl.h>
-#include <sys/file.h>
 #include <sys/syscall.h>
 #include <unistd.h>
 
@@ -51,50 +50,45 @@ template <typename... Arguments> long pass(const char* name, long number, Argume
 
 }
 
+using TestSupport::pass;
+
 // These take the places of the system's, for this program.
 extern "C" {
 
-int openat(int folder, const char* path, int flags, ...)
+int open(const char* path, int flags, ...)
 {
     va_list arguments;
     va_start(arguments, flags);
-    const int mode = (flags & O_CREAT) ? va_arg(arguments, int) : 0;
+    const int mode = (flags & (O_CREAT | O_TMPFILE)) ? va_arg(arguments, int) : 0;
     va_end(arguments);
-    return static_cast<int>(TestSupport::pass("openat", SYS_openat, folder, path, flags, mode));
+    const char* const name = (flags & O_ACCMODE) == O_WRONLY ? "open" : "open to read";
+    return static_cast<int>(pass(name, SYS_openat, AT_FDCWD, path, flags, mode));
 }
 
 ssize_t write(int file, const void* bytes, size_t size)
 {
     // In two halves, so that there is a moment between them.
     const size_t half = TestSupport::systemCallPlan.killedAt >= 0 ? (size + 1) / 2 : size;
-    return TestSupport::pass("write", SYS_write, file, bytes, half);
+    return pass("write", SYS_write, file, bytes, half);
 }
 
 int fsync(int file)
 {
-    return static_cast<int>(TestSupport::pass("fsync", SYS_fsync, file));
-}
-
-int flock(int file, int operation) noexcept
-{
-    return static_cast<int>(TestSupport::pass("flock", SYS_flock, file, operation));
-}
-
-int renameat2(int from, const char* oldPath, int to, const char* newPath,
-              unsigned int flags) noexcept
-{
-    return static_cast<int>(
-        TestSupport::pass("renameat2", SYS_renameat2, from, oldPath, to, newPath, flags));
+    return static_cast<int>(pass("fsync", SYS_fsync, file));
 }
 
 int linkat(int from, const char* oldPath, int to, const char* newPath, int flags) noexcept
 {
-    return static_cast<int>(
-        TestSupport::pass("linkat", SYS_linkat, from, oldPath, to, newPath, flags));
+    return static_cast<int>(pass("linkat", SYS_linkat, from, oldPath, to, newPath, flags));
 }
 
-int unlinkat(int folder, const char* path, int flags) noexcept
+int rename(const char* oldPath, const char* newPath) noexcept
 {
-    return static_cast<int>(TestSupport::pass("unlinkat", SYS_unlinkat, folder, path, flags));
+    return static_cast<int>(pass("rename", SYS_renameat2, AT_FDCWD, oldPath, AT_FDCWD, newPath, 0));
+}
+
+int unlink(const char* path) noexcept
+{
+    return static_cast<int>(pass("unlink", SYS_unlinkat, AT_FDCWD, path, 0));
 }
 }

@@ -1,0 +1,733 @@
+#include "os/login/loginitems.h"
+
+#include "os/login/loginitemservice.h"
+#include "tests/os/desktopentry/session.h"
+#include "tests/os/login/listedpaths.h"
+
+#include <QRegularExpression>
+#include <QTest>
+
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <limits>
+#include <optional>
+
+using namespace TestSupport;
+
+/// Listing, finding, adding and removing login items.
+class LoginItemsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init();
+    void cleanup() { session.reset(); }
+    void aFolderThatDoesNotExistHasNoItems();
+    void itemsOfOthersComeFirstByFileName();
+    void anItemOfOthersGivesTheProgramThatItStarts_data();
+    void anItemOfOthersGivesTheProgramThatItStarts();
+    void anEntryForAllUsersIsAnItemUnlessTheUserHasItsName();
+    void whatIsNoItemIsNotListed_data();
+    void whatIsNoItemIsNotListed();
+    void aFileInPlaceOfTheFolderIsReported();
+
+    void anAddedItemIsListed_data();
+    void anAddedItemIsListed();
+    void anAddedFileIsStartedOrOpened_data();
+    void anAddedFileIsStartedOrOpened();
+    void aPathIsAddedInItsNormalForm_data();
+    void aPathIsAddedInItsNormalForm();
+    void aFolderThatHasToBeMadeIsForTheUserAlone();
+    void newItemsGoToTheEnd();
+    void theSameFileTwiceMakesTwoItems_data();
+    void theSameFileTwiceMakesTwoItems();
+    void aNewEntryHasASafeName();
+    void theNameCanBeShown_data();
+    void theNameCanBeShown();
+    void anyByteOfAPathGoesThereAndBack();
+    void aMissingFileIsNotAdded_data();
+    void aMissingFileIsNotAdded();
+
+    void aPathIsFoundWithinAnother_data();
+    void aPathIsFoundWithinAnother();
+    void aUrlIsFoundAsLongAsItIsHeld();
+    void aUrlMadeByTheCallerIsNeverFound();
+    void twoItemsOfOnePathHaveTwoUrls();
+    void theUrlOfAnItemThatNowStartsAnotherProgramIsNotFound();
+    void theUrlOfAnItemThatWasReplacedIsNotFound();
+
+    void thePositionZeroRemovesTheFirstItem();
+    void aPositionWithoutAnItemRemovesNothing_data();
+    void aPositionWithoutAnItemRemovesNothing();
+    void positionsSurviveRemovals();
+    void aPathRemovesTheLastMatch();
+    void aUrlRemovesItsItem();
+    void whatIsNotFoundIsNotRemoved();
+    void removingALinkLeavesItsTarget();
+    void removingTakesNothingElseAlong();
+    void anItemForAllUsersIsSwitchedOffForThisOne();
+    void whatOthersAddToOurEntriesSurvives();
+
+private:
+    void addEntries(const Paths& programs) const
+    {
+        char name = 'a';
+        for (const std::string& program : programs)
+            session->addEntry(name++ + std::string(".desktop"),
+                              "Type=Application\nExec=" + program + '\n');
+    }
+
+    std::optional<Session> session;
+};
+
+void LoginItemsTest::init()
+{
+    QTest::failOnWarning(QRegularExpression(".?"));
+    session.emplace();
+}
+
+void LoginItemsTest::aFolderThatDoesNotExistHasNoItems()
+{
+    // given
+    LoginItemArrayRef items;
+
+    // when
+    const OSStatus status = LIAECopyLoginItems(items);
+
+    // then
+    QCOMPARE(status, LoginItemStatus::success);
+    QVERIFY(items && items->empty());
+    QVERIFY(allLoginItems());
+    QVERIFY(!std::filesystem::exists(session->autostart()));
+}
+
+void LoginItemsTest::itemsOfOthersComeFirstByFileName()
+{
+    // given
+    const std::string ours = session->addProgram("ours");
+    QVERIFY(addLoginItemWithPath(ours, false));
+    for (const char* name : {"zoo", "ant", "Zebra"})
+        session->addEntry(name + std::string(".desktop"),
+                          std::string("Type=Application\nExec=/") + name + '\n');
+    for (const char* position : {"last", "3 or 4", "-3", "0", "9223372036854775808", ""})
+        session->addEntry("bad" + std::string(position) + ".desktop",
+                          "Type=Application\nExec=/b\nX-Korvel-Position=" + std::string(position)
+                              + '\n');
+
+    // when
+    const Paths paths = listedPaths();
+
+    // then
+    QCOMPARE(paths, (Paths{"/Zebra", "/ant", "/b", "/b", "/b", "/b", "/b", "/b", "/zoo", ours}));
+}
+
+void LoginItemsTest::anItemOfOthersGivesTheProgramThatItStarts_data()
+{
+    QTest::addColumn<std::string>("exec");
+    QTest::addColumn<std::string>("url");
+
+    const auto row = [](const char* name, const char* exec, const char* url) {
+        QTest::newRow(name) << std::string(exec) << std::string(url);
+    };
+    row("on the PATH", "sh -c true %U", "file:///usr/bin/sh");
+    row("a path", "\"/usr/bin/env\" A=b c", "file:///usr/bin/env");
+    row("a vanished path", "/opt/gone/far\\saway -x", "file:///opt/gone/far");
+    row("a vanished name", "gone-7c1 -x", "gone-7c1");
+    row("no command line", "\"open", "%22open");
+    row("a backslash at the end", "C:\\Tools\\", "C%3A%5CTools%5C");
+}
+
+void LoginItemsTest::anItemOfOthersGivesTheProgramThatItStarts()
+{
+    // given
+    QFETCH(std::string, exec);
+    session->set("PATH", "/usr/bin");
+    addEntries({exec});
+
+    // when
+    const LoginItemArrayRef items = allLoginItems();
+
+    // then
+    QCOMPARE(items->size(), size_t{1});
+    QTEST(items->front().URL->text(), "url");
+    QVERIFY(!items->front().Hidden);
+}
+
+void LoginItemsTest::anEntryForAllUsersIsAnItemUnlessTheUserHasItsName()
+{
+    // given
+    for (const char* name : {"a", "b", "c"})
+        writeFile(session->systemAutostart() / (name + std::string(".desktop")),
+                  "[Desktop Entry]\nType=Application\nExec=/all\n");
+    session->addEntry("b.desktop", "Type=Application\nExec=/mine\n");
+    session->addEntry("c.desktop", "Type=Application\nHidden=true\n");
+
+    // then
+    QCOMPARE(listedPaths(), (Paths{"/all", "/mine"}));
+}
+
+void LoginItemsTest::whatIsNoItemIsNotListed_data()
+{
+    using Make = std::function<void(const Path&)>;
+    QTest::addColumn<Make>("make");
+
+    const std::string entry = "[Desktop Entry]\nType=Application\nName=A\nExec=/a\n";
+    const auto row = [](const char* name, const Make& make) { QTest::newRow(name) << make; };
+    const auto fileRow = [&row](const char* name, const char* file, const std::string& bytes) {
+        row(name, [file, bytes](const Path& folder) { writeFile(folder / file, bytes); });
+    };
+    fileRow("a deleted entry", "a.desktop", entry + "Hidden=true\n");
+    fileRow("an entry of another type", "a.desktop", "[Desktop Entry]\nType=Link\nURL=/a\n");
+    fileRow("an entry that starts nothing", "a.desktop", "[Desktop Entry]\nType=Application\n");
+    fileRow("an empty file", "a.desktop", "");
+    fileRow("another suffix", "a.desktop~", entry);
+    fileRow("no suffix", "desktop", entry);
+    fileRow("a begun file", ".korvel-a.desktop.new", entry);
+    fileRow("a folder", "a.desktop/b.desktop", entry);
+    row("a link to nothing",
+        [](const Path& folder) { std::filesystem::create_symlink("/no", folder / "a.desktop"); });
+    row("a link to what cannot be read", [](const Path& folder) {
+        std::filesystem::create_symlink("/proc/self/mem", folder / "a.desktop");
+    });
+}
+
+void LoginItemsTest::whatIsNoItemIsNotListed()
+{
+    // given
+    QFETCH(std::function<void(const Path&)>, make);
+    session->addEntry("b.desktop", "Type=Application\nExec=/b\n");
+    make(session->autostart());
+
+    // then
+    QCOMPARE(listedPaths(), Paths{"/b"});
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+}
+
+void LoginItemsTest::aFileInPlaceOfTheFolderIsReported()
+{
+    // given
+    const std::string program = session->addProgram("painter");
+    const LoginItemUrlRef url = LoginItemUrl::fromPath(program);
+    writeFile(session->autostart(), "");
+    const std::string listMessage = "Couldn't list login items error 20";
+    QCOMPARE(ENOTDIR, 20);
+
+    // when
+    LoginItemArrayRef items = std::make_unique<LoginItemArray>();
+    const OSStatus status = LIAECopyLoginItems(items);
+
+    // then
+    QCOMPARE(status, OSStatus{ENOTDIR});
+    QVERIFY(!items);
+    QCOMPARE(printedBy([&] { QVERIFY(!allLoginItems()); }), listMessage);
+    QCOMPARE(printedBy([&] { QCOMPARE(indexForLoginItemWithPath(program), -1); }), listMessage);
+    QCOMPARE(printedBy([&] { QCOMPARE(indexForLoginItemWithURL(url), -1); }), listMessage);
+    QCOMPARE(printedBy([&] { QVERIFY(!removeLoginItemWithPath(program)); }), listMessage);
+    QCOMPARE(printedBy([&] { QVERIFY(!removeLoginItemWithURL(url)); }), listMessage);
+    QCOMPARE(printedBy([&] { QVERIFY(!removeLoginItemAtIndex(0)); }),
+             std::string("Couldn't remove login intem error 20"));
+    QCOMPARE(printedBy([&] { QVERIFY(!addLoginItemWithURL(url, false)); }),
+             std::string("Couldn't add login item error 20"));
+    QCOMPARE(printedBy([&] { QVERIFY(!addLoginItemWithPath(program, false)); }),
+             std::string("Couldn't add login item error 20"));
+}
+
+void LoginItemsTest::anAddedItemIsListed_data()
+{
+    QTest::addColumn<bool>("hidden");
+
+    QTest::newRow("shown") << false;
+    QTest::newRow("hidden") << true;
+}
+
+void LoginItemsTest::anAddedItemIsListed()
+{
+    // given
+    QFETCH(bool, hidden);
+    const LoginItemUrlRef url = LoginItemUrl::fromPath(session->addProgram("a painter"));
+
+    // when
+    bool isAdded = false;
+    const std::string printed = printedBy([&] { isAdded = addLoginItemWithURL(url, hidden); });
+
+    // then
+    QVERIFY(isAdded);
+    QCOMPARE(printed, std::string());
+    const LoginItemArrayRef items = allLoginItems();
+    QCOMPARE(items->size(), size_t{1});
+    QCOMPARE(items->front().URL->text(), url->text());
+    QCOMPARE(items->front().Hidden, hidden);
+}
+
+void LoginItemsTest::anAddedFileIsStartedOrOpened_data()
+{
+    QTest::addColumn<std::string>("path");
+    QTest::addColumn<std::string>("exec");
+
+    QTest::newRow("a program") << std::string("/bin/sh") << std::string("/bin/sh");
+    QTest::newRow("a document") << std::string("/etc/passwd")
+                                << std::string("xdg-open /etc/passwd");
+    QTest::newRow("a folder") << std::string("/usr") << std::string("xdg-open /usr");
+    QTest::newRow("root") << std::string("/") << std::string("xdg-open /");
+    QTest::newRow("a device") << std::string("/dev/null") << std::string("xdg-open /dev/null");
+}
+
+void LoginItemsTest::anAddedFileIsStartedOrOpened()
+{
+    // given
+    QFETCH(std::string, path);
+    QFETCH(std::string, exec);
+
+    // when
+    QCOMPARE(LIAEAddRefAtEnd(path, false), LoginItemStatus::success);
+
+    // then
+    const std::string name = *namesIn(session->autostart()).begin();
+    const std::string entry = readFile(session->autostart() / name);
+    QVERIFY2(entry.find("\nExec=" + exec + '\n') != std::string::npos, entry.c_str());
+    QCOMPARE(listedPaths(), Paths{path});
+}
+
+void LoginItemsTest::aPathIsAddedInItsNormalForm_data()
+{
+    QTest::addColumn<std::string>("path");
+
+    for (const char* path : {"programs/painter", "./programs//painter/", "programs/p/../painter"})
+        QTest::newRow(path) << std::string(path);
+}
+
+void LoginItemsTest::aPathIsAddedInItsNormalForm()
+{
+    // given
+    QFETCH(std::string, path);
+    const std::string program = session->addProgram("painter");
+    session->addProgram("p/other");
+    const Path before = std::filesystem::current_path();
+    std::filesystem::current_path(session->root());
+
+    // when
+    const bool isAdded = addLoginItemWithPath(path, false);
+
+    // then
+    std::filesystem::current_path(before);
+    QVERIFY(isAdded);
+    QCOMPARE(listedPaths(), Paths{program});
+}
+
+void LoginItemsTest::aFolderThatHasToBeMadeIsForTheUserAlone()
+{
+    // when
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+
+    // then
+    struct stat information { };
+    QCOMPARE(stat(session->autostart().c_str(), &information), 0);
+    QCOMPARE(information.st_mode & 0777, mode_t{0700});
+}
+
+void LoginItemsTest::newItemsGoToTheEnd()
+{
+    // given
+    Paths programs;
+    for (int i = 12; i > 0; --i)
+        programs.push_back(session->addProgram("painter" + std::to_string(i)));
+
+    // when
+    for (const std::string& program : programs)
+        QVERIFY(addLoginItemWithPath(program, false));
+
+    // then
+    QCOMPARE(listedPaths(), programs);
+}
+
+void LoginItemsTest::theSameFileTwiceMakesTwoItems_data()
+{
+    QTest::addColumn<std::string>("path");
+
+    QTest::newRow("a program") << std::string("/bin/sh");
+    QTest::newRow("an application") << std::string();
+}
+
+void LoginItemsTest::theSameFileTwiceMakesTwoItems()
+{
+    // given
+    QFETCH(std::string, path);
+    if (path.empty())
+        path = session->applications() / "a.desktop";
+    writeFile(session->applications() / "a.desktop",
+              "[Desktop Entry]\nType=Application\nExec=sh\n");
+
+    // when
+    QVERIFY(addLoginItemWithPath(path, false));
+    QVERIFY(addLoginItemWithPath(path, true));
+
+    // then
+    QCOMPARE(listedPaths(), Paths(2, path));
+    QVERIFY(allLoginItems()->at(1).Hidden);
+}
+
+void LoginItemsTest::aNewEntryHasASafeName()
+{
+    // given
+    const std::string program = session->addProgram("a b\n\"\xff" + std::string(100, 'c'));
+
+    // when
+    QVERIFY(addLoginItemWithPath(program, false));
+
+    // then
+    const std::string name = *namesIn(session->autostart()).begin();
+    const QRegularExpression safe("^korvel-a_b___c{26}-[0-9]+\\.desktop$");
+    QVERIFY2(safe.match(QString::fromStdString(name)).hasMatch(), name.c_str());
+}
+
+void LoginItemsTest::theNameCanBeShown_data()
+{
+    QTest::addColumn<std::string>("file");
+    QTest::addColumn<std::string>("name");
+
+    QTest::newRow("plain") << std::string("dex") << std::string("dex");
+    QTest::newRow("non-ASCII") << std::string("\xc3\xa9") << std::string("\xc3\xa9");
+    QTest::newRow("invalid UTF-8") << std::string("a\xff") << std::string("a\xef\xbf\xbd");
+    QTest::newRow("line break") << std::string("a\nb") << std::string("a b");
+}
+
+void LoginItemsTest::theNameCanBeShown()
+{
+    // given
+    QFETCH(std::string, file);
+    QFETCH(std::string, name);
+
+    // when
+    QVERIFY(addLoginItemWithPath(session->addProgram(file), false));
+
+    // then
+    const std::string entry =
+        readFile(session->autostart() / *namesIn(session->autostart()).begin());
+    QVERIFY(entry.find("\nName=" + name + '\n') != std::string::npos);
+}
+
+void LoginItemsTest::anyByteOfAPathGoesThereAndBack()
+{
+    for (int byte = 1; byte < 256; ++byte) {
+        // given
+        if (byte == '/')
+            continue;
+        const std::string program = session->addProgram(std::string("a") + static_cast<char>(byte));
+
+        // when
+        QVERIFY(addLoginItemWithPath(program, false));
+
+        // then
+        QCOMPARE(listedPaths(), Paths{program});
+        QCOMPARE(indexForLoginItemWithPath(program), 0);
+        QVERIFY(removeLoginItemWithPath(program));
+    }
+}
+
+void LoginItemsTest::aMissingFileIsNotAdded_data()
+{
+    QTest::addColumn<std::string>("path");
+
+    QTest::newRow("absolute") << std::string("/no/such/file");
+    QTest::newRow("relative") << std::string("no/such/file");
+    QTest::newRow("below a file") << std::string("/dev/null/file");
+    QTest::newRow("empty") << std::string();
+    QTest::newRow("a zero inside") << std::string("/bin/sh\0x", 9);
+    QTest::newRow("too long") << '/' + std::string(5000, 'x');
+}
+
+void LoginItemsTest::aMissingFileIsNotAdded()
+{
+    // given
+    QFETCH(std::string, path);
+    const LoginItemUrlRef url = LoginItemUrl::fromPath(path);
+
+    // when
+    const std::string printed = printedBy([&] {
+        QVERIFY(!addLoginItemWithURL(url, false));
+        QVERIFY(!addLoginItemWithPath(path, false));
+    });
+
+    // then
+    const std::string message = "Couldn't add login item error -43";
+    QCOMPARE(printed, message + message);
+    QCOMPARE(LIAEAddRefAtEnd(path, false), OSStatus{-43});
+    QCOMPARE(LIAEAddURLAtEnd(url, false), OSStatus{-43});
+    QCOMPARE(LIAEAddURLAtEnd(nullptr, false), OSStatus{-43});
+    QVERIFY(!std::filesystem::exists(session->autostart()));
+}
+
+void LoginItemsTest::aPathIsFoundWithinAnother_data()
+{
+    QTest::addColumn<std::string>("path");
+    QTest::addColumn<int>("index");
+
+    QTest::newRow("the same") << std::string("/Applications/Korvel.app") << 1;
+    QTest::newRow("another case") << std::string("/applications/korvel.app") << 1;
+    QTest::newRow("a part of it") << std::string("/other") << 0;
+    QTest::newRow("the last of two matches") << std::string("/opt/korvel") << 3;
+    QTest::newRow("another path") << std::string("/opt/dex") << -1;
+    QTest::newRow("a longer path") << std::string("/other2/bin/x") << -1;
+    QTest::newRow("the path as a URL") << std::string("file:///other2") << -1;
+    QTest::newRow("nothing") << std::string() << -1;
+}
+
+void LoginItemsTest::aPathIsFoundWithinAnother()
+{
+    // given
+    QFETCH(std::string, path);
+    addEntries({"/other2", "/Applications/Korvel.app", "/opt/korvel-helper", "/opt/KORVEL/bin"});
+
+    // when
+    int index = 0;
+    const std::string printed = printedBy([&] { index = indexForLoginItemWithPath(path); });
+
+    // then
+    QTEST(index, "index");
+    QCOMPARE(printed, std::string());
+}
+
+void LoginItemsTest::aUrlIsFoundAsLongAsItIsHeld()
+{
+    // given
+    for (const char* name : {"a", "b", "c"})
+        QVERIFY(addLoginItemWithPath(session->addProgram(name), false));
+    const LoginItemUrlRef url = allLoginItems()->at(2).URL;
+
+    // when
+    QVERIFY(removeLoginItemAtIndex(0));
+
+    // then
+    QCOMPARE(indexForLoginItemWithURL(url), 1);
+    QCOMPARE(allLoginItems()->at(1).URL, url);
+}
+
+void LoginItemsTest::aUrlMadeByTheCallerIsNeverFound()
+{
+    // given
+    const LoginItemUrlRef url = LoginItemUrl::fromPath("/bin/sh");
+    QVERIFY(addLoginItemWithURL(url, false));
+
+    // then
+    QCOMPARE(indexForLoginItemWithURL(url), -1);
+    QCOMPARE(indexForLoginItemWithURL(nullptr), -1);
+    QCOMPARE(indexForLoginItemWithURL(LoginItemUrl::fromRawText(url->path())), -1);
+}
+
+void LoginItemsTest::twoItemsOfOnePathHaveTwoUrls()
+{
+    // given
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+
+    // when
+    const LoginItemArrayRef items = allLoginItems();
+
+    // then
+    QVERIFY(items->at(0).URL != items->at(1).URL);
+    QCOMPARE(indexForLoginItemWithURL(items->at(0).URL), 0);
+    QCOMPARE(indexForLoginItemWithURL(items->at(1).URL), 1);
+}
+
+void LoginItemsTest::theUrlOfAnItemThatNowStartsAnotherProgramIsNotFound()
+{
+    // given
+    addEntries({"/a"});
+    const LoginItemUrlRef url = allLoginItems()->at(0).URL;
+
+    // when
+    addEntries({"/b"});
+
+    // then
+    QCOMPARE(indexForLoginItemWithURL(url), -1);
+    QCOMPARE(url->path(), std::string("/a"));
+}
+
+void LoginItemsTest::theUrlOfAnItemThatWasReplacedIsNotFound()
+{
+    // given
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+    const LoginItemUrlRef url = allLoginItems()->at(0).URL;
+
+    // when
+    QVERIFY(removeLoginItemAtIndex(0));
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+
+    // then
+    QCOMPARE(indexForLoginItemWithURL(url), -1);
+}
+
+void LoginItemsTest::thePositionZeroRemovesTheFirstItem()
+{
+    // given
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+    addEntries({"/a"});
+
+    // when
+    const bool isRemoved = removeLoginItemAtIndex(0);
+
+    // then
+    QVERIFY(isRemoved);
+    QCOMPARE(listedPaths(), Paths{"/bin/sh"});
+}
+
+void LoginItemsTest::aPositionWithoutAnItemRemovesNothing_data()
+{
+    QTest::addColumn<int>("index");
+
+    QTest::newRow("behind the last") << 1;
+    QTest::newRow("before the first") << -1;
+    QTest::newRow("the smallest") << std::numeric_limits<int>::min();
+    QTest::newRow("the largest") << std::numeric_limits<int>::max();
+}
+
+void LoginItemsTest::aPositionWithoutAnItemRemovesNothing()
+{
+    // given
+    QFETCH(int, index);
+    addEntries({"/a"});
+
+    // when
+    const std::string printed = printedBy([&] { QVERIFY(!removeLoginItemAtIndex(index)); });
+
+    // then
+    QCOMPARE(printed, std::string("Couldn't remove login intem error 22"));
+    QCOMPARE(LIAERemove(index), OSStatus{EINVAL});
+    QCOMPARE(listedPaths(), Paths{"/a"});
+}
+
+void LoginItemsTest::positionsSurviveRemovals()
+{
+    // given
+    const std::string first = session->addProgram("z");
+    const std::string second = session->addProgram("y");
+    const std::string third = session->addProgram("x");
+    for (const std::string& program : {first, second, third})
+        QVERIFY(addLoginItemWithPath(program, false));
+
+    // when
+    QVERIFY(removeLoginItemAtIndex(1));
+    QVERIFY(addLoginItemWithPath(first, false));
+    QVERIFY(removeLoginItemAtIndex(0));
+    QVERIFY(addLoginItemWithPath(second, false));
+
+    // then
+    QCOMPARE(listedPaths(), (Paths{third, first, second}));
+}
+
+void LoginItemsTest::aPathRemovesTheLastMatch()
+{
+    // given
+    addEntries({"/korvel", "/Korvel/bin", "/other"});
+
+    // when
+    const bool isRemoved = removeLoginItemWithPath("/KORVEL");
+
+    // then
+    QVERIFY(isRemoved);
+    QCOMPARE(listedPaths(), (Paths{"/korvel", "/other"}));
+}
+
+void LoginItemsTest::aUrlRemovesItsItem()
+{
+    // given
+    QVERIFY(addLoginItemWithPath("/bin/sh", true));
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+    const LoginItemUrlRef first = allLoginItems()->at(0).URL;
+
+    // when
+    const bool isRemoved = removeLoginItemWithURL(first);
+
+    // then
+    QVERIFY(isRemoved);
+    const LoginItemArrayRef items = allLoginItems();
+    QCOMPARE(items->size(), size_t{1});
+    QVERIFY(!items->at(0).Hidden);
+}
+
+void LoginItemsTest::whatIsNotFoundIsNotRemoved()
+{
+    // given
+    addEntries({"/bin/sh"});
+
+    // when
+    const std::string printed = printedBy([] {
+        QVERIFY(!removeLoginItemWithPath("/c"));
+        QVERIFY(!removeLoginItemWithURL(LoginItemUrl::fromPath("/bin/sh")));
+        QVERIFY(!removeLoginItemWithURL(nullptr));
+    });
+
+    // then
+    QCOMPARE(printed, std::string());
+    QCOMPARE(listedPaths(), Paths{"/bin/sh"});
+}
+
+void LoginItemsTest::removingALinkLeavesItsTarget()
+{
+    // given
+    const Path target = session->home() / "dotfiles/a";
+    writeFile(target, "[Desktop Entry]\nType=Application\nExec=/a\n");
+    std::filesystem::create_directories(session->autostart());
+    std::filesystem::create_symlink(target, session->autostart() / "a.desktop");
+    QCOMPARE(listedPaths(), Paths{"/a"});
+
+    // when
+    QVERIFY(removeLoginItemAtIndex(0));
+
+    // then
+    QVERIFY(namesIn(session->autostart()).empty());
+    QVERIFY(std::filesystem::exists(target));
+}
+
+void LoginItemsTest::removingTakesNothingElseAlong()
+{
+    // given
+    addEntries({"/a"});
+    session->addEntry("deleted.desktop", "Type=Application\nExec=/b\nHidden=true\n");
+    writeFile(session->autostart() / "a.desktop.bak", "# mine\n");
+
+    // when
+    QVERIFY(removeLoginItemWithPath("/a"));
+
+    // then
+    QCOMPARE(namesIn(session->autostart()),
+             (std::set<std::string>{"a.desktop.bak", "deleted.desktop"}));
+}
+
+void LoginItemsTest::anItemForAllUsersIsSwitchedOffForThisOne()
+{
+    // given
+    const Path file = session->systemAutostart() / "a.desktop";
+    writeFile(file, "[Desktop Entry]\nType=Application\nExec=/all\n");
+    addEntries({"/mine", "/b"});
+
+    // when
+    QVERIFY(removeLoginItemWithPath("/mine"));
+
+    // then
+    QCOMPARE(listedPaths(), Paths{"/b"});
+    QVERIFY(std::filesystem::exists(file));
+    QCOMPARE(namesIn(session->autostart()), (std::set<std::string>{"a.desktop", "b.desktop"}));
+}
+
+void LoginItemsTest::whatOthersAddToOurEntriesSurvives()
+{
+    // given
+    QVERIFY(addLoginItemWithPath("/bin/true", false));
+    const Path file = session->autostart() / *namesIn(session->autostart()).begin();
+    const std::string bytes = "# mine\n" + readFile(file)
+        + "X-Other=1\r\nName[de]=f\xc3\xbcr\nComment=caf\xe9\n\n[X Other]\n# more\nKey=\\q\n";
+    writeFile(file, bytes);
+
+    // when
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+    QVERIFY(removeLoginItemWithPath("/bin/sh"));
+
+    // then
+    QCOMPARE(readFile(file), bytes);
+    QCOMPARE(listedPaths(), (Paths{"/bin/true", "/bin/sh"}));
+}
+
+QTEST_APPLESS_MAIN(LoginItemsTest)
+#include "loginitemstest.moc"
