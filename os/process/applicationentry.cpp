@@ -1,5 +1,8 @@
 #include "os/process/applicationentry.h"
 
+#include "os/desktopentry/applications.h"
+#include "os/desktopentry/desktopentry.h"
+
 #include <algorithm>
 #include <string_view>
 
@@ -53,6 +56,17 @@ const ApplicationEntry* withWindowClass(const Entries& entries, std::string_view
                    [name](const ApplicationEntry& entry) { return entry.windowClass == name; });
 }
 
+}
+
+std::vector<ApplicationEntry> installedApplications()
+{
+    std::vector<ApplicationEntry> applications;
+    for (const ApplicationFile& file : applicationFiles()) {
+        const auto entry = DesktopEntry::read(file.path);
+        if (entry && entry->isApplication())
+            applications.push_back({file.id, entry->name(), entry->value("StartupWMClass")});
+    }
+    return applications;
 }
 
 const ApplicationEntry* entryOf(const WindowIdentity& window, const Entries& entries)

@@ -20,6 +20,9 @@ struct ApplicationEntry {
     bool operator==(const ApplicationEntry&) const = default;
 };
 
+/// The applications that have a desktop entry, read anew at each call, the most important first.
+[[nodiscard]] std::vector<ApplicationEntry> installedApplications();
+
 /// The entry that the window names or else matches; null if there is none.
 /// @param entries  those to be preferred first
 [[nodiscard]] const ApplicationEntry* entryOf(const WindowIdentity& window,

@@ -1,8 +1,7 @@
 #include "os/process/processqueries.h"
 
-#include "os/process/installedapplications.h"
+#include "os/process/applicationentry.h"
 #include "os/process/processtable.h"
-#include "os/process/procformat.h"
 #include "os/process/windowsystem.h"
 
 #include <glib.h>
@@ -69,7 +68,7 @@ int getCurrentFocusProcess()
 
 std::string get_application_basename(int pid)
 {
-    return shortName(pid).value_or(std::string());
+    return wholeName(pid);
 }
 
 std::string get_application_path(int /*pid*/)

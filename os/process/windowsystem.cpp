@@ -1,6 +1,5 @@
 #include "os/process/windowsystem.h"
 
-#include "os/process/timelimit.h"
 #include "os/process/xwindows.h"
 #include "os/x11/ownconnection.h"
 
@@ -8,16 +7,23 @@
 
 #include <xcb/xcb.h>
 
+#include <chrono>
+#include <csignal>
 #include <cstdlib>
 #include <functional>
+#include <future>
 #include <memory>
+#include <mutex>
+#include <system_error>
+#include <thread>
 
 namespace osUtils::Process {
 
 namespace {
 
+using namespace std::chrono_literals;
 // Long enough for a distant server (a handful of round trips), short enough for a window that waits.
-constexpr std::chrono::seconds longestWait{3};
+constexpr auto longestWait = 3s;
 
 template <typename Answer> using Question = std::function<std::optional<Answer>(const XWindows&)>;
 
@@ -50,6 +56,45 @@ std::optional<Answer> askDisplay(const std::string& display, const Question<Answ
     return question(XWindows(connection.get(), rootWindow(connection.get(), screen)));
 }
 
+/// Leaves the process's signals to its other threads, and keeps a connection that breaks while it is
+/// written to from ending the process.
+void blockSignals()
+{
+    sigset_t all;
+    sigfillset(&all);
+    pthread_sigmask(SIG_BLOCK, &all, nullptr);
+}
+
+/// Does what may never end on a thread of its own, and gives it up after a time. Until that has ended
+/// nothing else is begun, so that neither time nor threads are lost.
+template <typename Answer> std::optional<Answer> inTime(std::function<std::optional<Answer>()> work)
+{
+    static std::mutex guard;
+    static std::shared_future<void> givenUp;
+
+    if (const std::lock_guard lock(guard);
+        givenUp.valid() && givenUp.wait_for(0s) != std::future_status::ready)
+        return std::nullopt;
+    // Shared, since nobody knows which of the two threads is the last to need them.
+    const auto answer = std::make_shared<std::optional<Answer>>();
+    const auto end = std::make_shared<std::promise<void>>();
+    const std::shared_future<void> ended = end->get_future();
+    try {
+        std::thread([work, answer, end] {
+            blockSignals();
+            *answer = work();
+            end->set_value();
+        }).detach();
+    } catch (const std::system_error&) {
+        return std::nullopt; // no more threads to be had
+    }
+    if (ended.wait_for(longestWait) == std::future_status::ready)
+        return *answer;
+    const std::lock_guard lock(guard);
+    givenUp = ended;
+    return std::nullopt;
+}
+
 template <typename Answer> std::optional<Answer> ask(const Question<Answer>& question)
 {
     if (xcb_connection_t* connection = toolkitConnection())
@@ -58,12 +103,8 @@ template <typename Answer> std::optional<Answer> ask(const Question<Answer>& que
     const char* variable = std::getenv("DISPLAY");
     if (!variable || !*variable)
         return std::nullopt;
-    const auto answer = std::make_shared<std::optional<Answer>>();
-    const bool inTime =
-        endsWithin(longestWait, [display = std::string(variable), question, answer] {
-            *answer = askDisplay(display, question);
-        });
-    return inTime ? *answer : std::nullopt;
+    return inTime<Answer>(
+        [display = std::string(variable), question] { return askDisplay(display, question); });
 }
 
 }

@@ -12,135 +12,196 @@ using X11::ReplyPointer;
 
 namespace {
 
+// The length of properties that are read, in units of four bytes: more windows than anybody opens.
+constexpr uint32_t longest = 0x10000;
+
 std::string hostName()
 {
     std::array<char, HOST_NAME_MAX + 1> name{};
     return ::gethostname(name.data(), name.size()) == 0 ? name.data() : "";
 }
 
-/// What a window tells of its process, on the way.
-struct OwnerCookies {
-    OwnerCookies(const WindowProperties& properties, xcb_window_t asked)
-        : window(asked)
-        , id(properties.ask(asked, WindowProperties::Property::ProcessId))
-        , machine(properties.ask(asked, WindowProperties::Property::ClientMachine))
-    {
-    }
+using PropertyReply = ReplyPointer<xcb_get_property_reply_t>;
 
-    [[nodiscard]] std::optional<int> read(const WindowProperties& properties,
-                                          const std::string& host) const
-    {
-        const std::vector<uint32_t> ids = properties.numbers(id);
-        return localProcess(ids, properties.bytes(machine), host);
-    }
-
-    xcb_window_t window;
-    WindowProperties::Cookie id;
-    WindowProperties::Cookie machine;
-};
-
-}
-
-XWindows::XWindows(xcb_connection_t* server, xcb_window_t rootWindow)
-    : connection(server)
-    , root(rootWindow)
-    , properties(server)
-    , host(hostName())
+/// Null if the window is not there.
+PropertyReply replyTo(xcb_connection_t* connection, xcb_get_property_cookie_t cookie)
 {
+    return PropertyReply(xcb_get_property_reply(connection, cookie, nullptr));
 }
 
-std::optional<int> XWindows::frontmostProcess() const
+std::vector<uint32_t> numbersIn(const PropertyReply& reply)
 {
-    // A window manager that has ended leaves its properties behind.
-    if (managerRuns()) {
-        const std::vector<uint32_t> active = numbers(root, Property::ActiveWindow);
-        if (!active.empty())
-            return processOf(active.front());
-    }
-    return processAround(windowWithKeys());
+    if (!reply || reply->format != 32)
+        return {};
+    const auto* first = static_cast<const uint32_t*>(xcb_get_property_value(reply.get()));
+    return {first, first + reply->value_len};
 }
 
-std::optional<WindowIdentity> XWindows::listedWindow(int process) const
+std::string bytesIn(const PropertyReply& reply)
 {
-    std::vector<OwnerCookies> owners;
-    for (const xcb_window_t window : numbers(root, Property::ClientList))
-        owners.emplace_back(properties, window);
-
-    xcb_window_t found = XCB_WINDOW_NONE;
-    for (const OwnerCookies& owner : owners) {
-        if (owner.read(properties, host) == process && found == XCB_WINDOW_NONE)
-            found = owner.window;
-    }
-    if (found == XCB_WINDOW_NONE)
-        return std::nullopt;
-    return identityOf(found);
+    if (!reply || reply->format != 8)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
 }
 
-std::vector<uint32_t> XWindows::numbers(xcb_window_t window, Property property) const
-{
-    return properties.numbers(properties.ask(window, property));
-}
-
-bool XWindows::managerRuns() const
-{
-    // It announces itself by a window of its own that names itself.
-    const std::vector<uint32_t> check = numbers(root, Property::ManagerCheck);
-    return !check.empty() && numbers(check.front(), Property::ManagerCheck) == check;
-}
-
-std::optional<int> XWindows::processOf(xcb_window_t window) const
-{
-    return OwnerCookies(properties, window).read(properties, host);
-}
-
-std::optional<int> XWindows::processAround(xcb_window_t window) const
-{
-    // Keys often go to a child of the window that tells its process.
-    for (; window != XCB_WINDOW_NONE && window != root; window = parentOf(window)) {
-        if (const std::optional<int> process = processOf(window))
-            return process;
-    }
-    return std::nullopt;
-}
-
-xcb_window_t XWindows::windowWithKeys() const
-{
-    const ReplyPointer<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
-    if (!reply)
-        return XCB_WINDOW_NONE;
-    if (reply->focus == XCB_INPUT_FOCUS_POINTER_ROOT)
-        return windowUnderPointer();
-    return reply->focus;
-}
-
-xcb_window_t XWindows::windowUnderPointer() const
-{
-    xcb_window_t window = root;
-    while (true) {
-        const ReplyPointer<xcb_query_pointer_reply_t> reply(
-            xcb_query_pointer_reply(connection, xcb_query_pointer(connection, window), nullptr));
-        if (!reply || reply->child == XCB_WINDOW_NONE)
-            return window;
-        window = reply->child;
-    }
-}
-
-xcb_window_t XWindows::parentOf(xcb_window_t window) const
+xcb_window_t parentOf(xcb_connection_t* connection, xcb_window_t window)
 {
     const ReplyPointer<xcb_query_tree_reply_t> reply(
         xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr));
     return reply ? reply->parent : xcb_window_t{XCB_WINDOW_NONE};
 }
 
-WindowIdentity XWindows::identityOf(xcb_window_t window) const
+xcb_window_t windowUnderPointer(xcb_connection_t* connection, xcb_window_t window)
 {
-    const auto desktopFile = properties.ask(window, Property::DesktopFile);
-    const auto gtkApplication = properties.ask(window, Property::GtkApplication);
-    const auto windowClass = properties.ask(window, Property::WindowClass);
+    const ReplyPointer<xcb_query_pointer_reply_t> reply(
+        xcb_query_pointer_reply(connection, xcb_query_pointer(connection, window), nullptr));
+    const bool isInChild = reply && reply->child != XCB_WINDOW_NONE;
+    return isInChild ? windowUnderPointer(connection, reply->child) : window;
+}
+
+xcb_window_t windowWithKeys(xcb_connection_t* connection, xcb_window_t root)
+{
+    const ReplyPointer<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    if (!reply)
+        return XCB_WINDOW_NONE;
+    return reply->focus == XCB_INPUT_FOCUS_POINTER_ROOT ? windowUnderPointer(connection, root)
+                                                        : reply->focus;
+}
+
+}
+
+XWindows::XWindows(xcb_connection_t* server, xcb_window_t rootWindow)
+    : connection(server)
+    , root(rootWindow)
+    , host(hostName())
+{
+    constexpr std::string_view names[] = {
+        "_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_PID",
+        "WM_CLIENT_MACHINE",  "WM_CLASS",         "_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID",
+    };
+    static_assert(std::size(names) == PropertyCount);
+    std::array<xcb_intern_atom_cookie_t, PropertyCount> cookies{};
+    for (std::size_t i = 0; i < cookies.size(); ++i)
+        cookies[i] = xcb_intern_atom(connection, false, static_cast<uint16_t>(names[i].size()),
+                                     names[i].data());
+    for (std::size_t i = 0; i < cookies.size(); ++i) {
+        const ReplyPointer<xcb_intern_atom_reply_t> reply(
+            xcb_intern_atom_reply(connection, cookies[i], nullptr));
+        atoms[i] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    }
+    // A server that is far away, or in a process namespace of its own, knows us by another number.
+    const xcb_query_extension_reply_t* resources = xcb_get_extension_data(connection, &xcb_res_id);
+    if (resources && resources->present)
+        serverKnowsProcesses =
+            processOf(askClient(xcb_get_setup(connection)->resource_id_base)) == ::getpid();
+}
+
+std::optional<int> XWindows::frontmostProcess() const
+{
+    const xcb_window_t manager = managerWindow();
+    if (manager == XCB_WINDOW_NONE)
+        return processAround(windowWithKeys(connection, root));
+
+    const std::vector<uint32_t> active = numbersIn(replyTo(connection, ask(root, ActiveWindow)));
+    if (!active.empty() && active.front() == XCB_WINDOW_NONE)
+        return std::nullopt;
+    std::optional<int> process;
+    if (!active.empty())
+        process = read(askOwner(active.front()));
+    // It may be gone by now. The manager's own windows have the keys where no other has.
+    if (!process) {
+        process = processAround(windowWithKeys(connection, root));
+        if (process == read(askOwner(manager)))
+            return std::nullopt;
+    }
+    return process;
+}
+
+std::optional<WindowIdentity> XWindows::listedWindow(int process) const
+{
+    std::vector<OwnerCookies> owners;
+    for (const xcb_window_t window : numbersIn(replyTo(connection, ask(root, ClientList))))
+        owners.push_back(askOwner(window));
+
+    xcb_window_t found = XCB_WINDOW_NONE;
+    for (const OwnerCookies& owner : owners) {
+        if (read(owner) == process && found == XCB_WINDOW_NONE)
+            found = owner.window;
+    }
+    if (found == XCB_WINDOW_NONE)
+        return std::nullopt;
+    const auto desktopFile = ask(found, DesktopFile);
+    const auto gtkApplication = ask(found, GtkApplication);
+    const auto windowClass = ask(found, WindowClassNames);
     // Braces read in this order, though any would do.
-    return {properties.bytes(desktopFile), properties.bytes(gtkApplication),
-            windowClassFrom(properties.bytes(windowClass))};
+    return WindowIdentity{bytesIn(replyTo(connection, desktopFile)),
+                          bytesIn(replyTo(connection, gtkApplication)),
+                          windowClassFrom(bytesIn(replyTo(connection, windowClass)))};
+}
+
+xcb_get_property_cookie_t XWindows::ask(xcb_window_t window, Property property) const
+{
+    return xcb_get_property(connection, false, window, atoms[property], XCB_GET_PROPERTY_TYPE_ANY,
+                            0, longest);
+}
+
+xcb_res_query_client_ids_cookie_t XWindows::askClient(uint32_t resource) const
+{
+    const xcb_res_client_id_spec_t wanted{resource, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+    return xcb_res_query_client_ids(connection, 1, &wanted);
+}
+
+std::optional<int> XWindows::processOf(xcb_res_query_client_ids_cookie_t cookie) const
+{
+    const ReplyPointer<xcb_res_query_client_ids_reply_t> reply(
+        xcb_res_query_client_ids_reply(connection, cookie, nullptr));
+    if (!reply || reply->num_ids != 1)
+        return std::nullopt;
+    const xcb_res_client_id_value_t* const value =
+        xcb_res_query_client_ids_ids_iterator(reply.get()).data;
+    if (xcb_res_client_id_value_value_length(value) != 1)
+        return std::nullopt;
+    return static_cast<int>(*xcb_res_client_id_value_value(value));
+}
+
+XWindows::OwnerCookies XWindows::askOwner(xcb_window_t window) const
+{
+    OwnerCookies cookies{window, ask(window, ProcessId), ask(window, ClientMachine), {}};
+    if (serverKnowsProcesses)
+        cookies.client = askClient(window);
+    return cookies;
+}
+
+std::optional<int> XWindows::read(const OwnerCookies& cookies) const
+{
+    const PropertyReply id = replyTo(connection, cookies.id);
+    const PropertyReply machine = replyTo(connection, cookies.machine);
+    const auto owner = serverKnowsProcesses ? processOf(cookies.client) : std::nullopt;
+    // The number of a window that is gone is one of a client that lives, or of another by now.
+    if (owner && machine)
+        return owner;
+    return localProcess(numbersIn(id), bytesIn(machine), host);
+}
+
+std::optional<int> XWindows::processAround(xcb_window_t window) const
+{
+    // Keys often go to a child of the window that tells its process.
+    for (; window != XCB_WINDOW_NONE && window != root; window = parentOf(connection, window)) {
+        if (const std::optional<int> process = read(askOwner(window)))
+            return process;
+    }
+    return std::nullopt;
+}
+
+xcb_window_t XWindows::managerWindow() const
+{
+    // It announces itself by a window of its own that names itself. A window manager that has ended
+    // leaves its properties behind.
+    const std::vector<uint32_t> check = numbersIn(replyTo(connection, ask(root, ManagerCheck)));
+    const bool runs =
+        !check.empty() && numbersIn(replyTo(connection, ask(check.front(), ManagerCheck))) == check;
+    return runs ? check.front() : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 }

@@ -10,6 +10,15 @@ namespace {
 
 constexpr int nobody = -1;
 
+/// One that does not tell whose windows are.
+class ServerWithoutProcesses : public XServer {
+public:
+    ServerWithoutProcesses()
+        : XServer("/usr/bin/Xvfb", {"-screen", "0", "1280x800x24", "-extension", "X-Resource"})
+    {
+    }
+};
+
 }
 
 /// Whose window the user works with, on a screen with a window manager and without.
@@ -23,11 +32,13 @@ private slots:
     void aProgramWithTheKeysIsInFront();
     void whenTheProgramEndsNobodyIsInFront_data() { addManagers(); }
     void whenTheProgramEndsNobodyIsInFront();
-    void aWindowThatDoesNotTellItsProcessIsNobodys_data();
-    void aWindowThatDoesNotTellItsProcessIsNobodys();
+    void aProgramIsKnownWhateverItsWindowTells_data() { addTold(true); }
+    void aProgramIsKnownWhateverItsWindowTells();
+    void theWindowIsAskedOnAServerWithoutProcesses_data() { addTold(false); }
+    void theWindowIsAskedOnAServerWithoutProcesses() { aProgramIsKnownWhateverItsWindowTells(); }
     void theWindowManagersActiveWindowCounts();
     void withoutAnActiveWindowNobodyIsInFront();
-    void anActiveWindowThatIsGoneIsNobodys();
+    void insteadOfAnActiveWindowThatIsGoneTheOneWithTheKeysCounts();
     void theWindowAroundTheOneWithTheKeysCounts();
     void whenKeysGoToThePointerTheWindowBelowItCounts();
     void whenKeysGoToThePointerTheScreenIsNobodys();
@@ -38,7 +49,9 @@ private slots:
     void theScreenThatTheDisplayNamesIsAsked();
 
 private:
+    [[nodiscard]] std::unique_ptr<XServer> startServer() override;
     static void addManagers();
+    static void addTold(bool isKnown);
     /// Starts the window manager, and points $DISPLAY to the screen.
     [[nodiscard]] bool prepare(const QByteArray& managerName);
     void announceWindowManager();
@@ -47,6 +60,13 @@ private:
         return numbersOfRoot(desktop->x, "_NET_ACTIVE_WINDOW");
     }
 };
+
+std::unique_ptr<XServer> FrontmostTest::startServer()
+{
+    if (QByteArray(QTest::currentTestFunction()).endsWith("OnAServerWithoutProcesses"))
+        return std::make_unique<ServerWithoutProcesses>();
+    return DesktopTest::startServer();
+}
 
 void FrontmostTest::addManagers()
 {
@@ -105,32 +125,35 @@ void FrontmostTest::whenTheProgramEndsNobodyIsInFront()
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), nobody);
 }
 
-void FrontmostTest::aWindowThatDoesNotTellItsProcessIsNobodys_data()
+void FrontmostTest::addTold(bool isKnown)
 {
     QTest::addColumn<QByteArray>("managerName");
     QTest::addColumn<QByteArrayList>("told");
+    QTest::addColumn<bool>("isKnown");
 
     const QByteArray here = ownProcess().last();
     for (const QByteArray name : {"none", "openbox"}) {
-        const char* where = name == "none" ? "no window manager" : "openbox";
-        QTest::addRow("%s, nothing", where) << name << QByteArrayList{};
-        QTest::addRow("%s, no process", where) << name << QByteArrayList{here};
-        QTest::addRow("%s, no machine", where) << name << QByteArrayList{"pid=own"};
-        QTest::addRow("%s, another machine", where)
-            << name << QByteArrayList{"pid=own", "WM_CLIENT_MACHINE=elsewhere"};
-        QTest::addRow("%s, process 0", where) << name << QByteArrayList{"pid=0", here};
-        QTest::addRow("%s, too large a process", where)
-            << name << QByteArrayList{"pid=4294967295", here};
-        QTest::addRow("%s, a process as text", where)
-            << name << QByteArrayList{"_NET_WM_PID=1234", here};
+        const auto row = [&name, isKnown](const char* what, const QByteArrayList& told) {
+            QTest::addRow("%s, %s", what, name.constData()) << name << told << isKnown;
+        };
+        row("nothing", {});
+        row("no process", {here});
+        row("no machine", {"pid=own"});
+        row("another machine", {"pid=own", "WM_CLIENT_MACHINE=elsewhere"});
+        row("a process that is another's outside of its namespace", {"pid=1"});
+        row("process 0", {"pid=0", here});
+        row("too large a process", {"pid=4294967295", here});
+        row("a process as text", {"_NET_WM_PID=1234", here});
+        QTest::addRow("its process, %s", name.constData()) << name << ownProcess() << true;
     }
 }
 
-void FrontmostTest::aWindowThatDoesNotTellItsProcessIsNobodys()
+void FrontmostTest::aProgramIsKnownWhateverItsWindowTells()
 {
     // given
     QFETCH(QByteArray, managerName);
     QFETCH(QByteArrayList, told);
+    QFETCH(bool, isKnown);
     QVERIFY(prepare(managerName));
 
     // when
@@ -141,7 +164,7 @@ void FrontmostTest::aWindowThatDoesNotTellItsProcessIsNobodys()
         EVENTUALLY_COMPARE(activeWindow(), QList<uint32_t>({client.window()}));
 
     // then
-    QCOMPARE(getCurrentFocusProcess(), nobody);
+    QCOMPARE(getCurrentFocusProcess(), isKnown ? client.id() : nobody);
 }
 
 void FrontmostTest::theWindowManagersActiveWindowCounts()
@@ -175,10 +198,12 @@ void FrontmostTest::withoutAnActiveWindowNobodyIsInFront()
     QCOMPARE(getCurrentFocusProcess(), nobody);
 }
 
-void FrontmostTest::anActiveWindowThatIsGoneIsNobodys()
+void FrontmostTest::insteadOfAnActiveWindowThatIsGoneTheOneWithTheKeysCounts()
 {
     // given
     QVERIFY(prepare("none"));
+    const WindowClient client(*desktop, {"do=keys"});
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
     const xcb_window_t gone = xcb_generate_id(desktop->x.raw());
 
     // when
@@ -186,7 +211,7 @@ void FrontmostTest::anActiveWindowThatIsGoneIsNobodys()
     setNumbers(desktop->x, desktop->x.root(), "_NET_ACTIVE_WINDOW", {gone});
 
     // then
-    QCOMPARE(getCurrentFocusProcess(), nobody);
+    QCOMPARE(getCurrentFocusProcess(), client.id());
 }
 
 void FrontmostTest::theWindowAroundTheOneWithTheKeysCounts()

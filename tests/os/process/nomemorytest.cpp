@@ -5,12 +5,10 @@
 #include <QRegularExpression>
 #include <QTest>
 
-#include <dirent.h>
 #include <sys/mman.h>
 #include <sys/prctl.h>
 #include <unistd.h>
 
-#include <cerrno>
 #include <cstdlib>
 #include <functional>
 #include <new>
@@ -20,8 +18,6 @@ using namespace osUtils::Process;
 namespace {
 
 bool isMemoryShort = false;
-bool isFolderMemoryShort = false;
-bool isFolderForbidden = false;
 
 /// What goes to the error stream during the deed.
 QByteArray errorsOf(const std::function<void()>& deed)
@@ -56,35 +52,27 @@ void operator delete(void* memory, std::size_t) noexcept
     std::free(memory);
 }
 
-extern "C" {
-
-DIR* __real_opendir(const char* path);
-
-DIR* __wrap_opendir(const char* path)
-{
-    if (!isFolderMemoryShort && !isFolderForbidden)
-        return __real_opendir(path);
-    errno = isFolderMemoryShort ? ENOMEM : EACCES;
-    return nullptr;
-}
-}
-
-/// Looking for a process when memory or the table of processes cannot be had.
+/// Looking for a process without memory.
 class NoMemoryTest : public QObject {
     Q_OBJECT
 
 private slots:
     void init();
-    void cleanup() { isMemoryShort = isFolderMemoryShort = isFolderForbidden = false; }
     void withoutMemoryForTheTableALineIsWritten();
-    void withoutMemoryForTheFolderALineIsWritten();
     void eachFailureWritesItsLine();
     void withMemoryNothingIsWritten();
-    void aLongNameNeedsNoMemory();
-    void withoutTheTableNothingIsFoundOrWritten();
     void afterAFailureAProcessIsFoundAgain();
 
 private:
+    int findWithoutMemory() const
+    {
+        std::string sought = name;
+        isMemoryShort = true;
+        const int found = getProcessId(std::move(sought));
+        isMemoryShort = false;
+        return found;
+    }
+
     /// This process's own.
     const std::string name = "nomemory" + QByteArray::number(::getpid(), 36).toStdString();
     const QByteArray line = "could not reallocate memory\n";
@@ -102,26 +90,7 @@ void NoMemoryTest::withoutMemoryForTheTableALineIsWritten()
     int found = 0;
 
     // when
-    const QByteArray errors = errorsOf([&] {
-        std::string sought = name;
-        isMemoryShort = true;
-        found = getProcessId(std::move(sought));
-        isMemoryShort = false;
-    });
-
-    // then
-    QCOMPARE(errors, line);
-    QCOMPARE(found, -1);
-}
-
-void NoMemoryTest::withoutMemoryForTheFolderALineIsWritten()
-{
-    // given
-    isFolderMemoryShort = true;
-    int found = 0;
-
-    // when
-    const QByteArray errors = errorsOf([&] { found = getProcessId(name); });
+    const QByteArray errors = errorsOf([&] { found = findWithoutMemory(); });
 
     // then
     QCOMPARE(errors, line);
@@ -130,13 +99,10 @@ void NoMemoryTest::withoutMemoryForTheFolderALineIsWritten()
 
 void NoMemoryTest::eachFailureWritesItsLine()
 {
-    // given
-    isFolderMemoryShort = true;
-
     // when
     const QByteArray errors = errorsOf([&] {
-        static_cast<void>(getProcessId(name));
-        static_cast<void>(is_executable_alive(name));
+        findWithoutMemory();
+        findWithoutMemory();
     });
 
     // then
@@ -161,42 +127,10 @@ void NoMemoryTest::withMemoryNothingIsWritten()
     QCOMPARE(missed, -1);
 }
 
-void NoMemoryTest::aLongNameNeedsNoMemory()
-{
-    // given
-    isFolderMemoryShort = true;
-    int found = 0;
-
-    // when
-    const QByteArray errors = errorsOf([&] { found = getProcessId(std::string(16, 'x')); });
-
-    // then
-    QCOMPARE(errors, QByteArray());
-    QCOMPARE(found, -1);
-}
-
-void NoMemoryTest::withoutTheTableNothingIsFoundOrWritten()
-{
-    // given
-    isFolderForbidden = true;
-    int found = 0;
-
-    // when
-    const QByteArray errors = errorsOf([&] { found = getProcessId(name); });
-
-    // then
-    QCOMPARE(errors, QByteArray());
-    QCOMPARE(found, -1);
-}
-
 void NoMemoryTest::afterAFailureAProcessIsFoundAgain()
 {
     // given
-    isFolderMemoryShort = true;
-    errorsOf([&] { static_cast<void>(getProcessId(name)); });
-
-    // when
-    isFolderMemoryShort = false;
+    errorsOf([&] { findWithoutMemory(); });
 
     // then
     QCOMPARE(getProcessId(name), ::getpid());

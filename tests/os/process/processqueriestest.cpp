@@ -40,13 +40,16 @@ private slots:
     void anEmptyNameFindsWhatHasNoName();
     void theLowestIdIsFound();
     void aZombieIsFoundUntilItIsGone();
-    void aProcessHasItsShortName();
+    void aProcessHasItsWholeName_data();
+    void aProcessHasItsWholeName();
+    void aScriptHasItsWholeName();
+    void whatAProcessCallsItselfIsLeftAsItIs();
     void whatIsNoProcessHasAnEmptyName();
     void pathAndTitleAreAlwaysEmpty_data();
     void pathAndTitleAreAlwaysEmpty();
     void askingForLifeByNameGivesTheId();
     void withoutADisplayNothingIsInFront();
-    void withoutADisplayAProcessIsKnownByItsShortName();
+    void withoutADisplayAProcessIsKnownByItsName();
     void whatIsNoProcessIsDescribedByNothing();
     void thePartsThatAreNotFilledStayAsTheyWere();
     void theSignaturesAreAsGiven();
@@ -206,16 +209,63 @@ void ProcessQueriesTest::aZombieIsFoundUntilItIsGone()
     QCOMPARE(getProcessId(name.toStdString()), notFound);
 }
 
-void ProcessQueriesTest::aProcessHasItsShortName()
+void ProcessQueriesTest::aProcessHasItsWholeName_data()
+{
+    QTest::addColumn<int>("length");
+
+    for (const int length : {14, 15, 16, 200})
+        QTest::addRow("%d bytes", length) << length;
+}
+
+void ProcessQueriesTest::aProcessHasItsWholeName()
 {
     // given
-    const QByteArray file = ownName("called ", 20);
+    QFETCH(int, length);
+    const QByteArray file = ownName("call ", length);
 
     // when
     const RunningProgram program(file);
 
     // then
-    EVENTUALLY_COMPARE(get_application_basename(program.id()), file.left(15).toStdString());
+    EVENTUALLY_COMPARE(get_application_basename(program.id()), file.toStdString());
+}
+
+void ProcessQueriesTest::aScriptHasItsWholeName()
+{
+    // given
+    const QTemporaryDir folder;
+    const QByteArray name = ownName("a long script ", 30);
+    QFile file(folder.filePath(name));
+    QVERIFY(file.open(QFile::WriteOnly));
+    file.write("#!/bin/sh -u\nread line\n");
+    file.close();
+    file.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    int pipe[2];
+    QCOMPARE(::pipe(pipe), 0);
+
+    // when
+    const ChildProcess script(
+        {.program = "/bin/sh",
+         .arguments = {"-c", "exec \"$0\" <&\"$1\"", QFile::encodeName(file.fileName()),
+                       QByteArray::number(pipe[0])},
+         .keptDescriptor = pipe[0]});
+
+    // then
+    EVENTUALLY_COMPARE(get_application_basename(script.pid()), name.toStdString());
+    ::close(pipe[0]);
+    ::close(pipe[1]);
+}
+
+void ProcessQueriesTest::whatAProcessCallsItselfIsLeftAsItIs()
+{
+    // given
+    const QByteArray name = ownName("itself", 15);
+
+    // when
+    const ChildProcess program(renamed(name));
+
+    // then
+    EVENTUALLY_COMPARE(get_application_basename(program.pid()), name.toStdString());
 }
 
 void ProcessQueriesTest::whatIsNoProcessHasAnEmptyName()
@@ -264,7 +314,7 @@ void ProcessQueriesTest::withoutADisplayNothingIsInFront()
     QCOMPARE(getCurrentFocusProcess(), notFound);
 }
 
-void ProcessQueriesTest::withoutADisplayAProcessIsKnownByItsShortName()
+void ProcessQueriesTest::withoutADisplayAProcessIsKnownByItsName()
 {
     // given
     const QByteArray file = ownName("background", 20);
@@ -276,7 +326,7 @@ void ProcessQueriesTest::withoutADisplayAProcessIsKnownByItsShortName()
     getPidInfos(&info);
 
     // then
-    QCOMPARE(info.name, file.left(15).toStdString());
+    QCOMPARE(info.name, file.toStdString());
     QCOMPARE(info.path, std::string());
 }
 

@@ -7,23 +7,12 @@
 #include <QRegularExpression>
 #include <QTest>
 
-#include <cstdarg>
-#include <functional>
+#include <algorithm>
 
 using namespace osUtils::Process;
 using namespace TestSupport;
 
 namespace {
-
-/// Done once, right before the next call of the system's function.
-std::function<void()> beforeOpening;
-std::function<void()> beforeReading;
-
-void doOnce(std::function<void()>& deed)
-{
-    if (const auto due = std::exchange(deed, nullptr))
-        due();
-}
 
 QByteArray bytes(const std::string& text)
 {
@@ -36,28 +25,6 @@ bool isListed(int id)
     return std::find(ids.begin(), ids.end(), id) != ids.end();
 }
 
-}
-
-extern "C" {
-
-int __real_open(const char* path, int flags, mode_t mode);
-ssize_t __real_read(int file, void* buffer, size_t size);
-
-int __wrap_open(const char* path, int flags, ...)
-{
-    doOnce(beforeOpening);
-    va_list rest;
-    va_start(rest, flags);
-    const mode_t mode = flags & O_CREAT ? va_arg(rest, mode_t) : 0;
-    va_end(rest);
-    return __real_open(path, flags, mode);
-}
-
-ssize_t __wrap_read(int file, void* buffer, size_t size)
-{
-    doOnce(beforeReading);
-    return __real_read(file, buffer, size);
-}
 }
 
 /// What the kernel tells of processes that this test starts.
@@ -76,9 +43,6 @@ private slots:
     void aZombieKeepsItsName();
     void whatIsNoProcessHasNoName_data();
     void whatIsNoProcessHasNoName();
-    void aProcessThatEndsBeforeItsNameIsOpenedHasNone();
-    void aProcessThatEndsBeforeItsNameIsReadHasNone();
-    void aSearchGoesOnPastAProcessThatEnds();
     void anExecutableIsKnownByItsPath_data();
     void anExecutableIsKnownByItsPath();
     void aRemovedExecutableIsStillKnownByItsPath();
@@ -211,58 +175,6 @@ void ProcessTableTest::whatIsNoProcessHasNoName()
     // then
     QCOMPARE(shortName(id), std::nullopt);
     QCOMPARE(executablePath(id), std::string());
-}
-
-void ProcessTableTest::aProcessThatEndsBeforeItsNameIsOpenedHasNone()
-{
-    // given
-    auto program = std::make_unique<RunningProgram>(ownName("ends"));
-    const int id = program->id();
-    beforeOpening = [&program] { program.reset(); };
-
-    // when
-    const std::optional<std::string> name = shortName(id);
-
-    // then
-    QVERIFY(!program);
-    QCOMPARE(name, std::nullopt);
-}
-
-void ProcessTableTest::aProcessThatEndsBeforeItsNameIsReadHasNone()
-{
-    // given
-    auto program = std::make_unique<RunningProgram>(ownName("ends"));
-    const int id = program->id();
-    beforeReading = [&program] { program.reset(); };
-
-    // when
-    const std::optional<std::string> name = shortName(id);
-
-    // then
-    QVERIFY(!program);
-    QCOMPARE(name, std::nullopt);
-}
-
-void ProcessTableTest::aSearchGoesOnPastAProcessThatEnds()
-{
-    // given
-    const QByteArray name = ownName("twin");
-    auto first = std::make_unique<RunningProgram>(name);
-    auto second = std::make_unique<RunningProgram>(name);
-    if (first->id() > second->id())
-        first.swap(second);
-    for (const RunningProgram* program : {first.get(), second.get()})
-        EVENTUALLY_COMPARE(bytes(shortName(program->id()).value_or("none")), name);
-    const int firstFound = getProcessId(name.toStdString());
-    const int firstId = first->id();
-
-    // when
-    beforeOpening = [&first] { first.reset(); }; // all are listed by then, and none is read
-    const int found = getProcessId(name.toStdString());
-
-    // then
-    QCOMPARE(firstFound, firstId);
-    QCOMPARE(found, second->id());
 }
 
 void ProcessTableTest::anExecutableIsKnownByItsPath_data()
