@@ -14,7 +14,7 @@ struct pidInfos {
     int reserved = 0;
     /// The executable; empty for a process without a listed window.
     std::string path = {};
-    /// What the user knows the program by, else the kernel's short name.
+    /// What the user knows the program by, else as get_application_basename().
     std::string name = {};
     /// Desktop-entry id, without ".desktop". Points at text that stays for the life of the process;
     /// left as it was when there is no entry.
@@ -27,7 +27,7 @@ struct pidInfos {
 /// tells what it is. The name is that of the installed desktop entry which the window names or
 /// whose id or window class it bears, in the user's language, or the entry's id if it has no name;
 /// without an entry, the window's class. A window that tells neither leaves name and path as for
-/// any other process: the kernel's short name, and no path.
+/// any other process: its own name, and no path.
 ///
 /// Waits for a silent X server no longer than getCurrentFocusProcess().
 void getPidInfos(pidInfos* info);
@@ -42,15 +42,16 @@ void getPidInfos(pidInfos* info);
 
 /// The process of the window manager's active window, or without one that of the window which gets
 /// the keys; -1 when none can be known: no X11 display (another window system, or none), no such
-/// window, or one that does not tell its process or runs on another machine. A program that runs in
-/// a process namespace of its own may tell a number that is another's outside.
+/// window, or one on another machine. The X server is asked whose the window is. Where it does not
+/// tell, or counts processes otherwise than this machine does, the window's own word is taken.
 ///
 /// Asks over the toolkit's connection if it has one, and then waits as the toolkit does, else over
 /// one of its own to $DISPLAY. A server there that does not answer is given up after three seconds;
 /// until it answers or goes away, further questions find nothing at once.
 [[nodiscard]] int getCurrentFocusProcess();
 
-/// The kernel's short name of a process; empty if there is no such process.
+/// The name of a process's program; empty if there is no such process. The kernel keeps 15 bytes of
+/// it, which the executable's name or one of the first arguments completes where it can.
 [[nodiscard]] std::string get_application_basename(int pid);
 
 /// Always empty: the path of a process is in getPidInfos().
