@@ -10,7 +10,7 @@ namespace {
 constexpr auto group = G_KEY_FILE_DESKTOP_GROUP;
 
 // The largest entries that programs install, with all their translations, have a tenth of this.
-constexpr std::uintmax_t largestEntry = 1024 * 1024;
+constexpr std::uintmax_t largestEntry = std::uintmax_t{1024} * 1024;
 
 std::string withoutEscapes(std::string_view raw)
 {

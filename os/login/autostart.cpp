@@ -165,7 +165,7 @@ OSStatus listAutostart(std::vector<AutostartItem>& items)
         if (status != LoginItemStatus::success && folder == folders.front())
             return status;
         for (const std::string& name : names) {
-            const auto entry = DesktopEntry::read(folder + '/' + name);
+            const auto entry = DesktopEntry::read(fs::path(folder) / name);
             if (known.insert(name).second && startsSomething(entry))
                 items.push_back(itemFrom(*entry, applications));
         }

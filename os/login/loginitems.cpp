@@ -9,55 +9,32 @@ namespace {
 
 constexpr int notFound = -1;
 
-enum class Operation { List, Add, Remove };
-
 // The words are given, "intem" included.
-const char* messageFormat(Operation operation)
-{
-    switch (operation) {
-    case Operation::List:
-        return "Couldn't list login items error %ld";
-    case Operation::Add:
-        return "Couldn't add login item error %ld";
-    case Operation::Remove:
-    default:
-        return "Couldn't remove login intem error %ld";
-    }
-}
+constexpr auto addMessage = "Couldn't add login item error %ld";
+constexpr auto listMessage = "Couldn't list login items error %ld";
+constexpr auto removeMessage = "Couldn't remove login intem error %ld";
 
-bool succeeded(Operation operation, OSStatus status)
+bool succeeded(OSStatus status, const char* message)
 {
     if (status != LoginItemStatus::success)
-        std::printf(messageFormat(operation), static_cast<long>(status));
+        std::printf(message, static_cast<long>(status));
     return status == LoginItemStatus::success;
+}
+
+/// Position of the last item that a claim holds for.
+template <typename Claim> int lastOf(const LoginItemArrayRef& items, Claim claim)
+{
+    int index = items ? static_cast<int>(items->size()) - 1 : notFound;
+    while (index != notFound && !claim((*items)[static_cast<size_t>(index)].URL))
+        --index;
+    return index;
 }
 
 int lastWithPath(const LoginItemArrayRef& items, const std::string& path)
 {
-    int found = notFound;
-    for (size_t i = 0; items && i < items->size(); ++i) {
-        if (osUtils::Login::occursInPath(path, (*items)[i].URL->path()))
-            found = static_cast<int>(i);
-    }
-    return found;
-}
-
-int firstWithUrl(const LoginItemArrayRef& items, const LoginItemUrlRef& url)
-{
-    for (size_t i = 0; items && i < items->size(); ++i) {
-        if ((*items)[i].URL == url)
-            return static_cast<int>(i);
-    }
-    return notFound;
-}
-
-/// Removes the item that stood at a position of a listing.
-bool removeFound(const LoginItemArrayRef& items, int index)
-{
-    // By its object, for its position may have changed.
-    return index != notFound
-        && succeeded(Operation::Remove,
-                     osUtils::Login::removeListedItem((*items)[static_cast<size_t>(index)].URL));
+    return lastOf(items, [&path](const LoginItemUrlRef& url) {
+        return osUtils::Login::occursInPath(path, url->path());
+    });
 }
 
 }
@@ -65,13 +42,13 @@ bool removeFound(const LoginItemArrayRef& items, int index)
 LoginItemArrayRef allLoginItems()
 {
     LoginItemArrayRef items;
-    succeeded(Operation::List, LIAECopyLoginItems(items));
+    succeeded(LIAECopyLoginItems(items), listMessage);
     return items;
 }
 
 bool addLoginItemWithURL(const LoginItemUrlRef& url, bool hidden)
 {
-    return succeeded(Operation::Add, LIAEAddURLAtEnd(url, hidden));
+    return succeeded(LIAEAddURLAtEnd(url, hidden), addMessage);
 }
 
 bool addLoginItemWithPath(const std::string& path, bool hidden)
@@ -81,7 +58,7 @@ bool addLoginItemWithPath(const std::string& path, bool hidden)
 
 bool removeLoginItemAtIndex(int index)
 {
-    return succeeded(Operation::Remove, LIAERemove(index));
+    return succeeded(LIAERemove(index), removeMessage);
 }
 
 int indexForLoginItemWithPath(const std::string& path)
@@ -92,16 +69,20 @@ int indexForLoginItemWithPath(const std::string& path)
 bool removeLoginItemWithPath(const std::string& path)
 {
     const LoginItemArrayRef items = allLoginItems();
-    return removeFound(items, lastWithPath(items, path));
+    const int index = lastWithPath(items, path);
+    // By its object, for its position may have changed.
+    return index != notFound
+        && succeeded(osUtils::Login::removeListedItem((*items)[static_cast<size_t>(index)].URL),
+                     removeMessage);
 }
 
 int indexForLoginItemWithURL(const LoginItemUrlRef& url)
 {
-    return firstWithUrl(allLoginItems(), url);
+    return lastOf(allLoginItems(), [&url](const LoginItemUrlRef& listed) { return listed == url; });
 }
 
 bool removeLoginItemWithURL(const LoginItemUrlRef& url)
 {
-    const LoginItemArrayRef items = allLoginItems();
-    return removeFound(items, firstWithUrl(items, url));
+    return indexForLoginItemWithURL(url) != notFound
+        && succeeded(osUtils::Login::removeListedItem(url), removeMessage);
 }

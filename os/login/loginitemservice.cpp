@@ -32,6 +32,17 @@ LoginItemUrlRef urlOf(const AutostartItem& item)
     return url;
 }
 
+/// Removes the first entry that a claim holds for.
+template <typename Claim> OSStatus removeFirst(Claim claim, OSStatus ifThereIsNone)
+{
+    std::vector<AutostartItem> entries;
+    const OSStatus status = osUtils::Login::listAutostart(entries);
+    if (status != LoginItemStatus::success)
+        return status;
+    const auto found = std::find_if(entries.begin(), entries.end(), claim);
+    return found == entries.end() ? ifThereIsNone : osUtils::Login::removeAutostart(found->name);
+}
+
 }
 
 OSStatus LIAECopyLoginItems(LoginItemArrayRef& items)
@@ -65,23 +76,11 @@ OSStatus LIAEAddURLAtEnd(const LoginItemUrlRef& url, bool hidden)
 
 OSStatus LIAERemove(int index)
 {
-    std::vector<AutostartItem> entries;
-    const OSStatus status = osUtils::Login::listAutostart(entries);
-    if (status != LoginItemStatus::success)
-        return status;
-    if (index < 0 || static_cast<size_t>(index) >= entries.size())
-        return EINVAL;
-    return osUtils::Login::removeAutostart(entries[static_cast<size_t>(index)].name);
+    return removeFirst([&index](const AutostartItem&) { return index >= 0 && index-- == 0; },
+                       EINVAL);
 }
 
 OSStatus osUtils::Login::removeListedItem(const LoginItemUrlRef& url)
 {
-    std::vector<AutostartItem> entries;
-    const OSStatus status = listAutostart(entries);
-    if (status != LoginItemStatus::success)
-        return status;
-    const auto found =
-        std::find_if(entries.begin(), entries.end(),
-                     [&url](const AutostartItem& entry) { return urlOf(entry) == url; });
-    return found == entries.end() ? ENOENT : removeAutostart(found->name);
+    return removeFirst([&url](const AutostartItem& entry) { return urlOf(entry) == url; }, ENOENT);
 }

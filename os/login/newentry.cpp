@@ -59,7 +59,7 @@ std::optional<DesktopEntry> entryFor(const std::string& path)
     entry.setValue("Name", shownName(path));
     const auto application =
         path.ends_with(DesktopEntry::suffix) ? DesktopEntry::read(path) : std::nullopt;
-    if (startsSomething(application)) {
+    if (application && application->isApplication()) {
         if (const std::string name = application->name(); !name.empty())
             entry.setValue("Name", name);
         if (!copyStart(*application, entry))

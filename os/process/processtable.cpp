@@ -68,7 +68,7 @@ std::string wholeName(int pid)
     // An interpreter, its options and the script, whose name the kernel takes.
     constexpr int mostWords = 4;
 
-    const std::string name = shortName(pid).value_or(std::string());
+    std::string name = shortName(pid).value_or(std::string());
     if (name.size() != longestShortName)
         return name;
     std::istringstream words(executablePath(pid) + '\0' + bytesOf(pathOf(pid, "cmdline")));

@@ -32,6 +32,12 @@ inline std::string readFile(const Path& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+/// The text of an application's entry.
+inline std::string applicationText(const std::string& name, const std::string& more = {})
+{
+    return "[Desktop Entry]\nType=Application\nExec=true\nName=" + name + '\n' + more;
+}
+
 /// Names of what a folder holds, those that begin with a dot included.
 inline std::set<std::string> namesIn(const Path& folder)
 {

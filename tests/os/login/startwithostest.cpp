@@ -59,6 +59,7 @@ private slots:
     void theUsersOwnEntryForOneForAllUsersIsSwitchedOffAndOn();
     void anEntryThatTheUserSwitchedOffElsewhereIsKept();
     void anApplicationThatMovesIsStillTheSame();
+    void aVanishedProgramCanBeSwitchedOffButNotOn_data();
     void aVanishedProgramCanBeSwitchedOffButNotOn();
     void anIdentifierIsFoundWhereApplicationsAre_data();
     void anIdentifierIsFoundWhereApplicationsAre();
@@ -291,10 +292,19 @@ void StartWithOsTest::anApplicationThatMovesIsStillTheSame()
     QCOMPARE(listedPaths(), Paths{});
 }
 
+void StartWithOsTest::aVanishedProgramCanBeSwitchedOffButNotOn_data()
+{
+    QTest::addColumn<std::string>("exec");
+
+    for (const char* exec : {"/opt/gone/painter", "gone-7c1 -x", "\"open", ""})
+        QTest::addRow("Exec=%s", exec) << std::string(exec);
+}
+
 void StartWithOsTest::aVanishedProgramCanBeSwitchedOffButNotOn()
 {
     // given
-    addApplication("gone", "/opt/gone/painter");
+    QFETCH(std::string, exec);
+    addApplication("gone", exec);
     session->addEntry("gone.desktop", "Type=Application\nExec=/opt/gone/painter\n");
     QVERIFY(startWithOS("gone"));
     QVERIFY(switchOsStartBehavior("gone", ""));

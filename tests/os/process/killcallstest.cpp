@@ -44,21 +44,13 @@ class KillCallsTest : public QObject {
 
 private slots:
     void init();
-    void askingForLifeSendsTheIdAsTheSignal_data();
-    void askingForLifeSendsTheIdAsTheSignal();
-    void whatTheCallTellsIsTheAnswer_data();
-    void whatTheCallTellsIsTheAnswer();
-    void closingSendsTheIdAsTheSignalTwice_data();
-    void closingSendsTheIdAsTheSignalTwice();
-    void theSecondCallTellsWhetherItClosed_data();
-    void theSecondCallTellsWhetherItClosed();
+    void theIdIsSentAsTheSignal_data();
+    void theIdIsSentAsTheSignal();
+    void theLastCallTellsTheAnswer_data();
+    void theLastCallTellsTheAnswer();
     void closingByNameSendsTheIdThatIsFound();
     void closingNobodyStillCalls();
-    void askingForLifeByNameCallsNothing();
     void nothingElseCalls();
-
-private:
-    static void addIds();
 };
 
 void KillCallsTest::init()
@@ -68,97 +60,51 @@ void KillCallsTest::init()
     answers.clear();
 }
 
-void KillCallsTest::addIds()
+void KillCallsTest::theIdIsSentAsTheSignal_data()
 {
     QTest::addColumn<int>("id");
 
-    QTest::newRow("zero") << 0;
-    QTest::newRow("as small as a signal") << 15;
-    QTest::newRow("the largest signal") << 64;
-    QTest::newRow("an ordinary id") << 4242;
-    QTest::newRow("minus one") << -1;
-    QTest::newRow("the largest") << std::numeric_limits<int>::max();
-    QTest::newRow("the smallest") << std::numeric_limits<int>::min();
+    for (const int id :
+         {0, 15, 64, 4242, -1, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})
+        QTest::addRow("%d", id) << id;
 }
 
-void KillCallsTest::askingForLifeSendsTheIdAsTheSignal_data()
-{
-    addIds();
-}
-
-void KillCallsTest::askingForLifeSendsTheIdAsTheSignal()
+void KillCallsTest::theIdIsSentAsTheSignal()
 {
     // given
     QFETCH(int, id);
 
     // when
     static_cast<void>(is_executable_alive(id));
-
-    // then
-    QCOMPARE(calls, QList<KillCall>({{0, id}}));
-}
-
-void KillCallsTest::whatTheCallTellsIsTheAnswer_data()
-{
-    QTest::addColumn<bool>("success");
-
-    QTest::newRow("success") << true;
-    QTest::newRow("failure") << false;
-}
-
-void KillCallsTest::whatTheCallTellsIsTheAnswer()
-{
-    // given
-    QFETCH(bool, success);
-    answers = {success};
-
-    // when
-    const bool isAlive = is_executable_alive(4242);
-
-    // then
-    QCOMPARE(isAlive, success);
-}
-
-void KillCallsTest::closingSendsTheIdAsTheSignalTwice_data()
-{
-    addIds();
-}
-
-void KillCallsTest::closingSendsTheIdAsTheSignalTwice()
-{
-    // given
-    QFETCH(int, id);
-
-    // when
+    const QList<KillCall> asking = std::exchange(calls, {});
     closeProcess(id);
 
     // then
+    QCOMPARE(asking, QList<KillCall>({{0, id}}));
     QCOMPARE(calls, QList<KillCall>({{3, id}, {0, id}}));
 }
 
-void KillCallsTest::theSecondCallTellsWhetherItClosed_data()
+void KillCallsTest::theLastCallTellsTheAnswer_data()
 {
-    QTest::addColumn<QList<bool>>("successes");
-    QTest::addColumn<bool>("closed");
+    QTest::addColumn<bool>("first");
+    QTest::addColumn<bool>("second");
 
-    QTest::newRow("both") << QList<bool>{true, true} << true;
-    QTest::newRow("only the first") << QList<bool>{true, false} << false;
-    QTest::newRow("only the second") << QList<bool>{false, true} << true;
-    QTest::newRow("neither") << QList<bool>{false, false} << false;
+    QTest::newRow("both") << true << true;
+    QTest::newRow("only the first") << true << false;
+    QTest::newRow("only the second") << false << true;
+    QTest::newRow("neither") << false << false;
 }
 
-void KillCallsTest::theSecondCallTellsWhetherItClosed()
+void KillCallsTest::theLastCallTellsTheAnswer()
 {
     // given
-    QFETCH(QList<bool>, successes);
-    QFETCH(bool, closed);
-    answers = successes;
-
-    // when
-    const bool result = closeProcess(4242);
+    QFETCH(bool, first);
+    QFETCH(bool, second);
+    answers = {first, first, second};
 
     // then
-    QCOMPARE(result, closed);
+    QCOMPARE(is_executable_alive(4242), first);
+    QCOMPARE(closeProcess(4242), second);
     QVERIFY(answers.isEmpty());
 }
 
@@ -187,16 +133,6 @@ void KillCallsTest::closingNobodyStillCalls()
     QCOMPARE(calls, QList<KillCall>({{3, -1}, {0, -1}}));
 }
 
-void KillCallsTest::askingForLifeByNameCallsNothing()
-{
-    // when
-    const int id = is_executable_alive(nobody);
-
-    // then
-    QCOMPARE(id, -1);
-    QCOMPARE(calls, QList<KillCall>());
-}
-
 void KillCallsTest::nothingElseCalls()
 {
     // given
@@ -205,7 +141,7 @@ void KillCallsTest::nothingElseCalls()
 
     // when
     getPidInfos(&info);
-    static_cast<void>(getProcessId(nobody));
+    QCOMPARE(is_executable_alive(nobody), -1);
     static_cast<void>(getCurrentFocusProcess());
     static_cast<void>(get_application_basename(::getpid()));
     static_cast<void>(get_application_path(::getpid()));

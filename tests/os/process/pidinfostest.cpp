@@ -1,7 +1,7 @@
 #include "os/process/processqueries.h"
 
 #include "tests/desktop/harness/desktoptest.h"
-#include "tests/os/process/datafolders.h"
+#include "tests/os/desktopentry/session.h"
 #include "tests/os/process/windowclients.h"
 
 using namespace osUtils::Process;
@@ -55,14 +55,14 @@ private:
         setNumbers(desktop->x, desktop->x.root(), "_NET_CLIENT_LIST", windows);
     }
 
-    const DataFolders folders;
+    std::optional<Session> session;
 };
 
 bool PidInfosTest::prepare(const QByteArray& managerName)
 {
     qputenv("DISPLAY", desktop->display);
-    folders.clear();
-    DataFolders::useLanguage("C");
+    session.emplace();
+    session->set("LANGUAGE", "C");
     return startWindowManager(managerName);
 }
 
@@ -100,7 +100,8 @@ void PidInfosTest::anApplicationIsDescribedByItsEntry()
     QFETCH(QString, file);
     QFETCH(QByteArray, more);
     QVERIFY(prepare());
-    folders.write("first", file, applicationText("The Painter", more));
+    writeFile(session->systemApplications() / file.toStdString(),
+              applicationText("The Painter", more.toStdString()));
     const WindowClient client(*desktop, ownProcess() + told);
     EVENTUALLY(isListed(*desktop, client.window()));
 
@@ -133,7 +134,7 @@ void PidInfosTest::anEntryWithoutANameLendsItsId()
 {
     // given
     QVERIFY(prepare());
-    folders.write("user", "painter.desktop", "[Desktop Entry]\nType=Application\n");
+    writeFile(session->applications() / "painter.desktop", "[Desktop Entry]\nType=Application\n");
     const WindowClient client(*desktop, ownProcess() << "WM_CLASS=painter|XPaint|");
     EVENTUALLY(isListed(*desktop, client.window()));
 
@@ -150,12 +151,13 @@ void PidInfosTest::theNameIsInTheUsersLanguage()
 {
     // given
     QVERIFY(prepare());
-    folders.write("user", "painter.desktop", applicationText("Painter", "Name[de]=Zeichner\n"));
+    writeFile(session->applications() / "painter.desktop",
+              applicationText("Painter", "Name[de]=Zeichner\n"));
     const WindowClient client(*desktop, ownProcess() << "WM_CLASS=painter|Painter|");
     EVENTUALLY(isListed(*desktop, client.window()));
 
     // when
-    DataFolders::useLanguage("de");
+    session->set("LANGUAGE", "de");
 
     // then
     QCOMPARE(infosOf(client.id()).name, "Zeichner");
@@ -260,7 +262,7 @@ void PidInfosTest::theEntrysIdOutlivesTheCall()
 {
     // given
     QVERIFY(prepare());
-    folders.write("user", "painter.desktop", applicationText("Painter"));
+    writeFile(session->applications() / "painter.desktop", applicationText("Painter"));
     auto client =
         std::make_unique<WindowClient>(*desktop, ownProcess() << "WM_CLASS=painter|Painter|");
     EVENTUALLY(isListed(*desktop, client->window()));
@@ -269,7 +271,7 @@ void PidInfosTest::theEntrysIdOutlivesTheCall()
     const char* first = infosOf(client->id()).bundleId;
     const char* second = infosOf(client->id()).bundleId;
     client.reset();
-    folders.clear();
+    session.reset();
 
     // then
     QCOMPARE(std::string(first), "painter");
@@ -297,7 +299,7 @@ void PidInfosTest::theSecondFieldIsNotTouched()
 {
     // given
     QVERIFY(prepare());
-    folders.write("user", "painter.desktop", applicationText("Painter"));
+    writeFile(session->applications() / "painter.desktop", applicationText("Painter"));
     const WindowClient client(*desktop, ownProcess() << "WM_CLASS=painter|Painter|");
     EVENTUALLY(isListed(*desktop, client.window()));
     pidInfos info{.pid = client.id(), .reserved = 77};

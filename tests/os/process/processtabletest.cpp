@@ -36,11 +36,8 @@ private slots:
     void processesAreListedFromTheLowestId();
     void aProcessIsListedUntilItIsGone();
     void aZombieIsListed();
-    void aProgramIsCalledByItsFile_data();
-    void aProgramIsCalledByItsFile();
     void aProgramIsCalledAsItCallsItself_data();
     void aProgramIsCalledAsItCallsItself();
-    void aZombieKeepsItsName();
     void whatIsNoProcessHasNoName_data();
     void whatIsNoProcessHasNoName();
     void anExecutableIsKnownByItsPath_data();
@@ -86,40 +83,6 @@ void ProcessTableTest::aZombieIsListed()
     QVERIFY(isListed(zombie.id()));
 }
 
-void ProcessTableTest::aProgramIsCalledByItsFile_data()
-{
-    QTest::addColumn<QByteArray>("file");
-    QTest::addColumn<QByteArray>("name");
-
-    QTest::newRow("a word") << QByteArray("word") << QByteArray("word");
-    QTest::newRow("blanks") << QByteArray(" a b ") << QByteArray(" a b ");
-    QTest::newRow("brackets") << QByteArray("a) S (b") << QByteArray("a) S (b");
-    QTest::newRow("line ends") << QByteArray("a\nb\n") << QByteArray("a\nb\n");
-    QTest::newRow("tabulators") << QByteArray("a\tb\t") << QByteArray("a\tb\t");
-    QTest::newRow("backslashes") << QByteArray("a\\nb") << QByteArray("a\\nb");
-    QTest::newRow("no ASCII") << QByteArray("caf\xc3\xa9") << QByteArray("caf\xc3\xa9");
-    QTest::newRow("no text") << QByteArray("\xff\xfe") << QByteArray("\xff\xfe");
-    QTest::newRow("a number") << QByteArray("12345") << QByteArray("12345");
-    QTest::newRow("15 bytes") << QByteArray("123456789abcdef") << QByteArray("123456789abcdef");
-    QTest::newRow("16 bytes") << QByteArray("123456789abcdefg") << QByteArray("123456789abcdef");
-    QTest::newRow("17 bytes") << QByteArray("123456789abcdefgh") << QByteArray("123456789abcdef");
-    QTest::newRow("cut within a letter")
-        << QByteArray("123456789abcde\xc3\xa9") << QByteArray("123456789abcde\xc3");
-}
-
-void ProcessTableTest::aProgramIsCalledByItsFile()
-{
-    // given
-    QFETCH(QByteArray, file);
-    QFETCH(QByteArray, name);
-
-    // when
-    const RunningProgram program(file);
-
-    // then
-    EVENTUALLY_COMPARE(bytes(shortName(program.id()).value_or("none")), name);
-}
-
 void ProcessTableTest::aProgramIsCalledAsItCallsItself_data()
 {
     QTest::addColumn<QByteArray>("name");
@@ -130,6 +93,10 @@ void ProcessTableTest::aProgramIsCalledAsItCallsItself_data()
     QTest::newRow("line ends") << QByteArray("\n\n");
     QTest::newRow("a slash") << QByteArray("a/b");
     QTest::newRow("a look-alike") << QByteArray("1 (init) S 0");
+    QTest::newRow("blanks, tabulators and backslashes") << QByteArray(" a\tb\\n ");
+    QTest::newRow("no text") << QByteArray("\xff\xfe\xc3");
+    QTest::newRow("a number") << QByteArray("12345");
+    QTest::newRow("15 bytes") << QByteArray("123456789abcdef");
 }
 
 void ProcessTableTest::aProgramIsCalledAsItCallsItself()
@@ -142,18 +109,6 @@ void ProcessTableTest::aProgramIsCalledAsItCallsItself()
 
     // then
     EVENTUALLY_COMPARE(bytes(shortName(program.pid()).value_or("none")), name);
-}
-
-void ProcessTableTest::aZombieKeepsItsName()
-{
-    // given
-    const Zombie zombie("zombie");
-
-    // when
-    const std::optional<std::string> name = shortName(zombie.id());
-
-    // then
-    QCOMPARE(name, "zombie");
 }
 
 void ProcessTableTest::whatIsNoProcessHasNoName_data()

@@ -1,6 +1,6 @@
 #include "os/process/processqueries.h"
 
-#include "tests/os/process/datafolders.h"
+#include "tests/os/desktopentry/session.h"
 #include "tests/os/process/windowclients.h"
 
 #include <QGuiApplication>
@@ -32,7 +32,7 @@ private slots:
     void aWindowThatIsGoneIsNotReported();
 
 private:
-    const DataFolders folders;
+    const Session session;
     const QByteArray display = qgetenv("DISPLAY");
     const Desktop desktop{display};
 };
@@ -69,8 +69,8 @@ void ToolkitConnectionTest::anotherProgramIsFoundOnTheToolkitsScreen()
 void ToolkitConnectionTest::thisProgramIsAnApplication()
 {
     // given
-    folders.write("user", "example.desktop",
-                  applicationText("Example", "StartupWMClass=os-toolkitconnectiontest\n"));
+    writeFile(session.applications() / "example.desktop",
+              applicationText("Example", "StartupWMClass=os-toolkitconnectiontest\n"));
     QWindow window;
     window.resize(200, 100);
     window.show();
