@@ -79,12 +79,6 @@ void PidInfosTest::anApplicationIsDescribedByItsEntry_data()
     };
     row("window class in the entry", {"WM_CLASS=paint|Paint-2|"}, "painter.desktop",
         "StartupWMClass=Paint-2\n", "painter");
-    row("instance in the entry", {"WM_CLASS=paint|Paint-2|"}, "painter.desktop",
-        "StartupWMClass=paint\n", "painter");
-    row("window class as id", {"WM_CLASS=other|painter|"}, "painter.desktop", "", "painter");
-    row("instance as id", {"WM_CLASS=painter|other|"}, "painter.desktop", "", "painter");
-    row("window class with capitals", {"WM_CLASS=other|Painter|"}, "painter.desktop", "",
-        "painter");
     row("entry named for KDE", {"WM_CLASS=a|B|", "_KDE_NET_WM_DESKTOP_FILE=org.example.Painter"},
         "org.example.Painter.desktop", "", "org.example.Painter");
     row("entry named for GNOME", {"WM_CLASS=a|B|", "_GTK_APPLICATION_ID=org.example.Painter"},
