@@ -28,7 +28,7 @@ bool addLoginItemWithURL(const LoginItemUrlRef& url, bool hidden);
 bool addLoginItemWithPath(const std::string& path, bool hidden);
 
 /// Removes the item at a position, counted from 0. One that all users have is switched off for this
-/// one only, as the base specification has it; adding its application switches it on again.
+/// one only, as the XDG autostart standard has it; adding its application switches it on again.
 /// @return  success; else prints "Couldn't remove login intem error " and the status
 bool removeLoginItemAtIndex(int index);
 
