@@ -241,6 +241,7 @@ void PaletteShutterTest::aClosedPaletteWithTabsIsNoMoreThanItsHandle()
     ShutterPalette palette(&frame);
     palette.addTab("Tab");
     palette.enableShutter();
+    frame.show();
     QVERIFY(palette.mask().isEmpty());
 
     // When
