@@ -1,5 +1,7 @@
 #include "shell/norvikapplication.h"
 
+#include "shell/resourcefile.h"
+
 #include <QDir>
 #include <QFontDatabase>
 #include <QLibraryInfo>
@@ -27,6 +29,11 @@ void makeAbsolute(const char* variable)
     const auto absolute = std::filesystem::absolute(path.toStdString(), unknown);
     if (!path.isEmpty() && !unknown)
         qputenv(variable, absolute.c_str());
+}
+
+bool registerWhole(const QString& resourceFile)
+{
+    return isWholeResourceFile(resourceFile) && QResource::registerResource(resourceFile);
 }
 
 }
@@ -126,8 +133,8 @@ void NorvikApplication::registerResources()
     if (!settings || settings->value("resourceFile", "").toString().isEmpty())
         return;
     const QString name = settings->value("resourceFile").toString();
-    if (!QResource::registerResource(QLibraryInfo::path(QLibraryInfo::DataPath) + '/' + name))
-        QResource::registerResource(name);
+    if (!registerWhole(QLibraryInfo::path(QLibraryInfo::DataPath) + '/' + name))
+        registerWhole(name);
 }
 
 void NorvikApplication::loadFonts()

@@ -46,7 +46,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
     /// Where a mouse event lies, in frame coordinates, to the fraction of a logical pixel. The event's
-    /// position() is rounded to whole ones (seen in Qt 6.4.2).
+    /// position() is rounded to whole ones (seen in Qt 6.4.2); where it is not, both say the same.
     [[nodiscard]] static QPointF exactPosition(const QMouseEvent& event);
 
     /// For a frame that knows what it changes: from now on repaintDirty() repaints only what

@@ -89,6 +89,7 @@ void FaultsTest::damagedFilesBesideItAreSurvived_data()
     QTest::newRow("a quarter of the resources") << truncateResources(0.25);
     QTest::newRow("half of the resources") << truncateResources(0.5);
     QTest::newRow("nearly all of the resources") << truncateResources(0.99);
+    QTest::newRow("all but the resources' last bytes") << truncateResources(0.9999);
     QTest::newRow("noise for resources") << add("vellumcraft.rcc", noise(50'000));
     QTest::newRow("noise behind the resources' signature")
         << add("vellumcraft.rcc", "qres" + QByteArray(3, 0) + '\3' + noise(50'000));
