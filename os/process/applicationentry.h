@@ -1,6 +1,6 @@
 #pragma once
 
-#include "os/process/windowidentity.h"
+#include "os/process/windowsystem.h"
 
 #include <string>
 #include <vector>
@@ -16,8 +16,6 @@ struct ApplicationEntry {
     std::string name;
     /// By which the application's windows are known.
     std::string windowClass;
-
-    bool operator==(const ApplicationEntry&) const = default;
 };
 
 /// The applications that have a desktop entry, read anew at each call, the most important first.

@@ -1,29 +1,79 @@
 #include "os/process/processqueries.h"
 
 #include "os/process/applicationentry.h"
-#include "os/process/processtable.h"
 #include "os/process/windowsystem.h"
 
 #include <glib.h>
 
+#include <charconv>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <new>
+#include <sstream>
 
 namespace osUtils::Process {
 
 namespace {
 
+namespace fs = std::filesystem;
+
 constexpr int notFound = -1;
+
+// Bytes of the kernel's short name of a program, which holds the first of a longer file name.
+constexpr std::size_t longestShortName = 15;
+
+fs::path pathOf(int pid, const char* entry)
+{
+    return "/proc/" + std::to_string(pid) + '/' + entry;
+}
+
+/// All bytes of a file; none of one that cannot be read, as that of a process that has ended.
+std::string bytesOf(const fs::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// The process that an entry of the kernel's table is of; 0 for other entries.
+int processIn(const std::string& entry)
+{
+    int id = 0;
+    const char* const end = entry.data() + entry.size();
+    const auto [rest, error] = std::from_chars(entry.data(), end, id);
+    return error == std::errc() && rest == end ? id : 0;
+}
 
 /// The lowest id of the processes with this short name. Throws std::bad_alloc.
 int firstProcessNamed(const std::string& name)
 {
-    for (const int id : processIds()) {
-        if (shortName(id) == name)
-            return id;
+    int first = notFound;
+    std::error_code error;
+    fs::directory_iterator entry("/proc", error);
+    for (; !error && entry != fs::directory_iterator(); entry.increment(error)) {
+        const int id = processIn(entry->path().filename());
+        // That the kernel lists them in order is promised nowhere.
+        const bool isLower = id > 0 && (first == notFound || id < first);
+        if (isLower && bytesOf(pathOf(id, "comm")) == name + '\n')
+            first = id;
     }
-    return notFound;
+    if (error == std::errc::not_enough_memory)
+        throw std::bad_alloc();
+    return first;
+}
+
+/// Path of the executable of a process; empty if it has none or does not show it to this user.
+std::string executablePath(int pid)
+{
+    constexpr std::string_view removedMark = " (deleted)";
+    std::error_code error;
+    std::string target = fs::read_symlink(pathOf(pid, "exe"), error);
+    // The kernel marks the target of an executable that was removed or replaced.
+    if (target.ends_with(removedMark) && !fs::exists(target, error))
+        target.resize(target.size() - removedMark.size());
+    return target;
 }
 
 }
@@ -68,7 +118,21 @@ int getCurrentFocusProcess()
 
 std::string get_application_basename(int pid)
 {
-    return wholeName(pid);
+    // An interpreter, its options and the script, whose name the kernel takes.
+    constexpr int mostWords = 4;
+
+    std::string name = bytesOf(pathOf(pid, "comm"));
+    if (!name.empty())
+        name.pop_back(); // the line end
+    if (name.size() != longestShortName)
+        return name;
+    std::istringstream words(executablePath(pid) + '\0' + bytesOf(pathOf(pid, "cmdline")));
+    std::string word;
+    for (int i = 0; i < mostWords && std::getline(words, word, '\0'); ++i) {
+        if (std::string file = fs::path(word).filename(); file.starts_with(name))
+            return file;
+    }
+    return name;
 }
 
 std::string get_application_path(int /*pid*/)

@@ -25,7 +25,8 @@ using namespace std::chrono_literals;
 // Long enough for a distant server (a handful of round trips), short enough for a window that waits.
 constexpr auto longestWait = 3s;
 
-template <typename Answer> using Question = std::function<std::optional<Answer>(const XWindows&)>;
+template <typename Answer>
+using Question = std::function<std::optional<Answer>(xcb_connection_t*, xcb_window_t)>;
 
 /// The toolkit's connection; null if it runs elsewhere or not at all.
 xcb_connection_t* toolkitConnection()
@@ -53,7 +54,7 @@ std::optional<Answer> askDisplay(const std::string& display, const Question<Answ
     const X11::OwnConnection connection(xcb_connect(display.c_str(), &screen));
     if (xcb_connection_has_error(connection.get()))
         return std::nullopt;
-    return question(XWindows(connection.get(), rootWindow(connection.get(), screen)));
+    return question(connection.get(), rootWindow(connection.get(), screen));
 }
 
 /// Leaves the process's signals to its other threads, and keeps a connection that breaks while it is
@@ -98,7 +99,7 @@ template <typename Answer> std::optional<Answer> inTime(std::function<std::optio
 template <typename Answer> std::optional<Answer> ask(const Question<Answer>& question)
 {
     if (xcb_connection_t* connection = toolkitConnection())
-        return question(XWindows(connection, rootWindow(connection, 0)));
+        return question(connection, rootWindow(connection, 0));
 
     const char* variable = std::getenv("DISPLAY");
     if (!variable || !*variable)
@@ -111,13 +112,13 @@ template <typename Answer> std::optional<Answer> ask(const Question<Answer>& que
 
 std::optional<int> frontmostProcess()
 {
-    return ask<int>([](const XWindows& windows) { return windows.frontmostProcess(); });
+    return ask<int>([](auto... screen) { return frontmostProcess(screen...); });
 }
 
 std::optional<WindowIdentity> listedWindow(int process)
 {
     return ask<WindowIdentity>(
-        [process](const XWindows& windows) { return windows.listedWindow(process); });
+        [process](auto... screen) { return listedWindow(screen..., process); });
 }
 
 }

@@ -3,8 +3,13 @@
 #include "os/x11/replypointer.h"
 
 #include <unistd.h>
+#include <xcb/res.h>
 
+#include <array>
 #include <climits>
+#include <sstream>
+#include <string_view>
+#include <vector>
 
 namespace osUtils::Process {
 
@@ -44,6 +49,19 @@ std::string bytesIn(const PropertyReply& reply)
     return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
 }
 
+/// What a window itself tells of its process: a single number, trusted if the window says that it
+/// comes from this host.
+std::optional<int> toldProcess(const PropertyReply& id, const PropertyReply& machine)
+{
+    const std::vector<uint32_t> ids = numbersIn(id);
+    if (ids.size() != 1 || ids.front() == 0 || ids.front() > INT_MAX)
+        return std::nullopt;
+    // Some programs count the zero byte at the end as part of the text.
+    const std::string told = bytesIn(machine).c_str();
+    return !told.empty() && told == hostName() ? std::optional(static_cast<int>(ids.front()))
+                                               : std::nullopt;
+}
+
 xcb_window_t parentOf(xcb_connection_t* connection, xcb_window_t window)
 {
     const ReplyPointer<xcb_query_tree_reply_t> reply(
@@ -69,139 +87,188 @@ xcb_window_t windowWithKeys(xcb_connection_t* connection, xcb_window_t root)
                                                         : reply->focus;
 }
 
-}
-
-XWindows::XWindows(xcb_connection_t* server, xcb_window_t rootWindow)
-    : connection(server)
-    , root(rootWindow)
-    , host(hostName())
-{
-    constexpr std::string_view names[] = {
-        "_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_PID",
-        "WM_CLIENT_MACHINE",  "WM_CLASS",         "_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID",
-    };
-    static_assert(std::size(names) == PropertyCount);
-    std::array<xcb_intern_atom_cookie_t, PropertyCount> cookies{};
-    for (std::size_t i = 0; i < cookies.size(); ++i)
-        cookies[i] = xcb_intern_atom(connection, false, static_cast<uint16_t>(names[i].size()),
-                                     names[i].data());
-    for (std::size_t i = 0; i < cookies.size(); ++i) {
-        const ReplyPointer<xcb_intern_atom_reply_t> reply(
-            xcb_intern_atom_reply(connection, cookies[i], nullptr));
-        atoms[i] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+/// One screen, asked once.
+class XWindows {
+public:
+    XWindows(xcb_connection_t* server, xcb_window_t rootWindow)
+        : connection(server)
+        , root(rootWindow)
+    {
+        constexpr std::string_view names[] = {
+            "_NET_ACTIVE_WINDOW",       "_NET_CLIENT_LIST",
+            "_NET_SUPPORTING_WM_CHECK", "_NET_WM_PID",
+            "WM_CLIENT_MACHINE",        "WM_CLASS",
+            "_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID",
+        };
+        static_assert(std::size(names) == PropertyCount);
+        std::array<xcb_intern_atom_cookie_t, PropertyCount> cookies{};
+        for (std::size_t i = 0; i < cookies.size(); ++i)
+            cookies[i] = xcb_intern_atom(connection, false, static_cast<uint16_t>(names[i].size()),
+                                         names[i].data());
+        for (std::size_t i = 0; i < cookies.size(); ++i) {
+            const ReplyPointer<xcb_intern_atom_reply_t> reply(
+                xcb_intern_atom_reply(connection, cookies[i], nullptr));
+            atoms[i] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+        }
+        // A server that is far away, or in a process namespace of its own, knows us by another number.
+        const xcb_query_extension_reply_t* resources =
+            xcb_get_extension_data(connection, &xcb_res_id);
+        if (resources && resources->present)
+            serverKnowsProcesses =
+                processOf(askClient(xcb_get_setup(connection)->resource_id_base)) == ::getpid();
     }
-    // A server that is far away, or in a process namespace of its own, knows us by another number.
-    const xcb_query_extension_reply_t* resources = xcb_get_extension_data(connection, &xcb_res_id);
-    if (resources && resources->present)
-        serverKnowsProcesses =
-            processOf(askClient(xcb_get_setup(connection)->resource_id_base)) == ::getpid();
-}
 
-std::optional<int> XWindows::frontmostProcess() const
-{
-    const xcb_window_t manager = managerWindow();
-    if (manager == XCB_WINDOW_NONE)
-        return processAround(windowWithKeys(connection, root));
+    [[nodiscard]] std::optional<int> frontmostProcess() const
+    {
+        const xcb_window_t manager = managerWindow();
+        if (manager == XCB_WINDOW_NONE)
+            return processAround(windowWithKeys(connection, root));
 
-    const std::vector<uint32_t> active = numbersIn(replyTo(connection, ask(root, ActiveWindow)));
-    if (!active.empty() && active.front() == XCB_WINDOW_NONE)
-        return std::nullopt;
-    std::optional<int> process;
-    if (!active.empty())
-        process = read(askOwner(active.front()));
-    // It may be gone by now. The manager's own windows have the keys where no other has.
-    if (!process) {
-        process = processAround(windowWithKeys(connection, root));
-        if (process == read(askOwner(manager)))
+        const std::vector<uint32_t> active =
+            numbersIn(replyTo(connection, ask(root, ActiveWindow)));
+        if (!active.empty() && active.front() == XCB_WINDOW_NONE)
             return std::nullopt;
+        std::optional<int> process;
+        if (!active.empty())
+            process = read(askOwner(active.front()));
+        // It may be gone by now. The manager's own windows have the keys where no other has.
+        if (!process) {
+            process = processAround(windowWithKeys(connection, root));
+            if (process == read(askOwner(manager)))
+                return std::nullopt;
+        }
+        return process;
     }
-    return process;
-}
 
-std::optional<WindowIdentity> XWindows::listedWindow(int process) const
-{
-    std::vector<OwnerCookies> owners;
-    for (const xcb_window_t window : numbersIn(replyTo(connection, ask(root, ClientList))))
-        owners.push_back(askOwner(window));
+    [[nodiscard]] std::optional<WindowIdentity> listedWindow(int process) const
+    {
+        std::vector<OwnerCookies> owners;
+        for (const xcb_window_t window : numbersIn(replyTo(connection, ask(root, ClientList))))
+            owners.push_back(askOwner(window));
 
-    xcb_window_t found = XCB_WINDOW_NONE;
-    for (const OwnerCookies& owner : owners) {
-        if (read(owner) == process && found == XCB_WINDOW_NONE)
-            found = owner.window;
+        xcb_window_t found = XCB_WINDOW_NONE;
+        for (const OwnerCookies& owner : owners) {
+            if (read(owner) == process && found == XCB_WINDOW_NONE)
+                found = owner.window;
+        }
+        if (found == XCB_WINDOW_NONE)
+            return std::nullopt;
+        const auto desktopFile = ask(found, DesktopFile);
+        const auto gtkApplication = ask(found, GtkApplication);
+        const auto windowClass = ask(found, WindowClassNames);
+        WindowIdentity names{bytesIn(replyTo(connection, desktopFile)),
+                             bytesIn(replyTo(connection, gtkApplication)),
+                             {},
+                             {}};
+        // Two texts that each end with a zero byte.
+        std::istringstream classNames(bytesIn(replyTo(connection, windowClass)));
+        std::getline(classNames, names.instance, '\0');
+        std::getline(classNames, names.className, '\0');
+        return names;
     }
-    if (found == XCB_WINDOW_NONE)
-        return std::nullopt;
-    const auto desktopFile = ask(found, DesktopFile);
-    const auto gtkApplication = ask(found, GtkApplication);
-    const auto windowClass = ask(found, WindowClassNames);
-    // Braces read in this order, though any would do.
-    return WindowIdentity{bytesIn(replyTo(connection, desktopFile)),
-                          bytesIn(replyTo(connection, gtkApplication)),
-                          windowClassFrom(bytesIn(replyTo(connection, windowClass)))};
-}
 
-xcb_get_property_cookie_t XWindows::ask(xcb_window_t window, Property property) const
-{
-    return xcb_get_property(connection, false, window, atoms[property], XCB_GET_PROPERTY_TYPE_ANY,
-                            0, longest);
-}
+private:
+    /// In the order of their names above.
+    enum Property {
+        ActiveWindow,
+        ClientList,
+        ManagerCheck,
+        ProcessId,
+        ClientMachine,
+        WindowClassNames,
+        DesktopFile,
+        GtkApplication,
+        PropertyCount,
+    };
+    /// Questions under way: on a distant server every wait counts. All are to be read.
+    struct OwnerCookies {
+        xcb_window_t window;
+        xcb_get_property_cookie_t id;
+        xcb_get_property_cookie_t machine;
+        xcb_res_query_client_ids_cookie_t client;
+    };
 
-xcb_res_query_client_ids_cookie_t XWindows::askClient(uint32_t resource) const
-{
-    const xcb_res_client_id_spec_t wanted{resource, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
-    return xcb_res_query_client_ids(connection, 1, &wanted);
-}
-
-std::optional<int> XWindows::processOf(xcb_res_query_client_ids_cookie_t cookie) const
-{
-    const ReplyPointer<xcb_res_query_client_ids_reply_t> reply(
-        xcb_res_query_client_ids_reply(connection, cookie, nullptr));
-    if (!reply || reply->num_ids != 1)
-        return std::nullopt;
-    const xcb_res_client_id_value_t* const value =
-        xcb_res_query_client_ids_ids_iterator(reply.get()).data;
-    if (xcb_res_client_id_value_value_length(value) != 1)
-        return std::nullopt;
-    return static_cast<int>(*xcb_res_client_id_value_value(value));
-}
-
-XWindows::OwnerCookies XWindows::askOwner(xcb_window_t window) const
-{
-    OwnerCookies cookies{window, ask(window, ProcessId), ask(window, ClientMachine), {}};
-    if (serverKnowsProcesses)
-        cookies.client = askClient(window);
-    return cookies;
-}
-
-std::optional<int> XWindows::read(const OwnerCookies& cookies) const
-{
-    const PropertyReply id = replyTo(connection, cookies.id);
-    const PropertyReply machine = replyTo(connection, cookies.machine);
-    const auto owner = serverKnowsProcesses ? processOf(cookies.client) : std::nullopt;
-    // The number of a window that is gone is one of a client that lives, or of another by now.
-    if (owner && machine)
-        return owner;
-    return localProcess(numbersIn(id), bytesIn(machine), host);
-}
-
-std::optional<int> XWindows::processAround(xcb_window_t window) const
-{
-    // Keys often go to a child of the window that tells its process.
-    for (; window != XCB_WINDOW_NONE && window != root; window = parentOf(connection, window)) {
-        if (const std::optional<int> process = read(askOwner(window)))
-            return process;
+    [[nodiscard]] xcb_get_property_cookie_t ask(xcb_window_t window, Property property) const
+    {
+        return xcb_get_property(connection, false, window, atoms[property],
+                                XCB_GET_PROPERTY_TYPE_ANY, 0, longest);
     }
-    return std::nullopt;
+
+    [[nodiscard]] xcb_res_query_client_ids_cookie_t askClient(uint32_t resource) const
+    {
+        const xcb_res_client_id_spec_t wanted{resource, XCB_RES_CLIENT_ID_MASK_LOCAL_CLIENT_PID};
+        return xcb_res_query_client_ids(connection, 1, &wanted);
+    }
+
+    [[nodiscard]] std::optional<int> processOf(xcb_res_query_client_ids_cookie_t cookie) const
+    {
+        const ReplyPointer<xcb_res_query_client_ids_reply_t> reply(
+            xcb_res_query_client_ids_reply(connection, cookie, nullptr));
+        if (!reply || reply->num_ids != 1)
+            return std::nullopt;
+        const xcb_res_client_id_value_t* const value =
+            xcb_res_query_client_ids_ids_iterator(reply.get()).data;
+        if (xcb_res_client_id_value_value_length(value) != 1)
+            return std::nullopt;
+        return static_cast<int>(*xcb_res_client_id_value_value(value));
+    }
+
+    [[nodiscard]] OwnerCookies askOwner(xcb_window_t window) const
+    {
+        OwnerCookies cookies{window, ask(window, ProcessId), ask(window, ClientMachine), {}};
+        if (serverKnowsProcesses)
+            cookies.client = askClient(window);
+        return cookies;
+    }
+
+    [[nodiscard]] std::optional<int> read(const OwnerCookies& cookies) const
+    {
+        const PropertyReply id = replyTo(connection, cookies.id);
+        const PropertyReply machine = replyTo(connection, cookies.machine);
+        const auto owner = serverKnowsProcesses ? processOf(cookies.client) : std::nullopt;
+        // The number of a window that is gone is one of a client that lives, or of another by now.
+        if (owner && machine)
+            return owner;
+        return toldProcess(id, machine);
+    }
+
+    [[nodiscard]] std::optional<int> processAround(xcb_window_t window) const
+    {
+        // Keys often go to a child of the window that tells its process.
+        for (; window != XCB_WINDOW_NONE && window != root; window = parentOf(connection, window)) {
+            if (const std::optional<int> process = read(askOwner(window)))
+                return process;
+        }
+        return std::nullopt;
+    }
+
+    [[nodiscard]] xcb_window_t managerWindow() const
+    {
+        // It announces itself by a window of its own that names itself. A window manager that has ended
+        // leaves its properties behind.
+        const std::vector<uint32_t> check = numbersIn(replyTo(connection, ask(root, ManagerCheck)));
+        const bool runs = !check.empty()
+            && numbersIn(replyTo(connection, ask(check.front(), ManagerCheck))) == check;
+        return runs ? check.front() : xcb_window_t{XCB_WINDOW_NONE};
+    }
+
+    xcb_connection_t* connection;
+    const xcb_window_t root;
+    std::array<xcb_atom_t, PropertyCount> atoms{};
+    bool serverKnowsProcesses = false;
+};
+
 }
 
-xcb_window_t XWindows::managerWindow() const
+std::optional<int> frontmostProcess(xcb_connection_t* connection, xcb_window_t root)
 {
-    // It announces itself by a window of its own that names itself. A window manager that has ended
-    // leaves its properties behind.
-    const std::vector<uint32_t> check = numbersIn(replyTo(connection, ask(root, ManagerCheck)));
-    const bool runs =
-        !check.empty() && numbersIn(replyTo(connection, ask(check.front(), ManagerCheck))) == check;
-    return runs ? check.front() : xcb_window_t{XCB_WINDOW_NONE};
+    return XWindows(connection, root).frontmostProcess();
+}
+
+std::optional<WindowIdentity> listedWindow(xcb_connection_t* connection, xcb_window_t root,
+                                           int process)
+{
+    return XWindows(connection, root).listedWindow(process);
 }
 
 }

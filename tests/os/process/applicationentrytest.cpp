@@ -15,8 +15,6 @@ private slots:
     void init() { QTest::failOnWarning(QRegularExpression(".?")); }
     void aWindowBelongsToAnEntry_data();
     void aWindowBelongsToAnEntry();
-    void ofSeveralEntriesTheFirstIsMeant();
-    void withoutEntriesNoneIsFound();
     void aProgramIsCalledAsTheUserKnowsIt_data();
     void aProgramIsCalledAsTheUserKnowsIt();
 
@@ -29,6 +27,7 @@ private:
         {"Shouting", "Shouting", ""},
         {"kde4-viewer", "Viewer", ""},
         {"other", "Named like another", "painter"},
+        {"another", "Later than the one before", "painter"},
     };
 };
 
@@ -40,27 +39,28 @@ void ApplicationEntryTest::aWindowBelongsToAnEntry_data()
     const auto row = [](const char* tag, const WindowIdentity& window, const char* id) {
         QTest::newRow(tag) << window << QString(id);
     };
-    row("named for KDE", {"org.example.Editor", "", {}}, "org.example.Editor");
-    row("named for KDE by a path", {"/usr/share/applications/painter.desktop", "", {}}, "painter");
-    row("named for KDE by a file", {"painter.desktop", "", {}}, "painter");
-    row("named for GNOME", {"", "org.example.Editor", {}}, "org.example.Editor");
-    row("named for both", {"painter", "browser", {}}, "painter");
-    row("named and classed", {"painter", "", {"crx_mail", "Browser-esr"}}, "painter");
-    row("named, but not installed", {"gone", "", {"", "Painter-2"}}, "painter");
-    row("named in another case", {"Painter", "", {}}, "");
-    row("named by nothing but a suffix", {".desktop", "", {}}, "");
-    row("named by a folder", {"/usr/share/applications/", "", {}}, "");
-    row("class known to an entry", {"", "", {"unknown", "Browser-esr"}}, "browser");
-    row("instance known to an entry", {"", "", {"Painter-2", "unknown"}}, "painter");
-    row("instance before class", {"", "", {"crx_mail", "Browser-esr"}}, "browser-mail");
-    row("known class before id", {"", "", {"painter", "browser"}}, "other");
-    row("known class in another case", {"", "", {"BROWSER-ESR", ""}}, "");
-    row("class is an id", {"", "", {"unknown", "browser"}}, "browser");
-    row("instance is an id", {"", "", {"browser", "unknown"}}, "browser");
-    row("class is an id with capitals", {"", "", {"unknown", "BROWSER"}}, "browser");
-    row("id with capitals", {"", "", {"shouting", "unknown"}}, "Shouting");
-    row("exact id before any case", {"", "", {"BROWSER", "kde4-viewer"}}, "kde4-viewer");
-    row("part of an id", {"", "", {"brows", "Editor"}}, "");
+    row("named for KDE", {"org.example.Editor", "", "", ""}, "org.example.Editor");
+    row("named for KDE by a path", {"/usr/share/applications/painter.desktop", "", "", ""},
+        "painter");
+    row("named for KDE by a file", {"painter.desktop", "", "", ""}, "painter");
+    row("named for GNOME", {"", "org.example.Editor", "", ""}, "org.example.Editor");
+    row("named for both", {"painter", "browser", "", ""}, "painter");
+    row("named and classed", {"painter", "", "crx_mail", "Browser-esr"}, "painter");
+    row("named, but not installed", {"gone", "", "", "Painter-2"}, "painter");
+    row("named in another case", {"Painter", "", "", ""}, "");
+    row("named by nothing but a suffix", {".desktop", "", "", ""}, "");
+    row("named by a folder", {"/usr/share/applications/", "", "", ""}, "");
+    row("class known to an entry", {"", "", "unknown", "Browser-esr"}, "browser");
+    row("instance known to an entry", {"", "", "Painter-2", "unknown"}, "painter");
+    row("instance before class", {"", "", "crx_mail", "Browser-esr"}, "browser-mail");
+    row("known class before id", {"", "", "painter", "browser"}, "other");
+    row("known class in another case", {"", "", "BROWSER-ESR", ""}, "");
+    row("class is an id", {"", "", "unknown", "browser"}, "browser");
+    row("instance is an id", {"", "", "browser", "unknown"}, "browser");
+    row("class is an id with capitals", {"", "", "unknown", "BROWSER"}, "browser");
+    row("id with capitals", {"", "", "shouting", "unknown"}, "Shouting");
+    row("exact id before any case", {"", "", "BROWSER", "kde4-viewer"}, "kde4-viewer");
+    row("part of an id", {"", "", "brows", "Editor"}, "");
     row("nothing told", {}, "");
 }
 
@@ -74,23 +74,6 @@ void ApplicationEntryTest::aWindowBelongsToAnEntry()
 
     // then
     QTEST(entry ? QString::fromStdString(entry->id) : QString(""), "id");
-}
-
-void ApplicationEntryTest::ofSeveralEntriesTheFirstIsMeant()
-{
-    // given
-    const std::vector<ApplicationEntry> twins{{"b", "", "Same"}, {"a", "", "Same"}};
-
-    // when
-    const ApplicationEntry* entry = entryOf({"", "", {"", "Same"}}, twins);
-
-    // then
-    QCOMPARE(entry, &twins.front());
-}
-
-void ApplicationEntryTest::withoutEntriesNoneIsFound()
-{
-    QVERIFY(!entryOf({"painter", "painter", {"painter", "Painter"}}, {}));
 }
 
 void ApplicationEntryTest::aProgramIsCalledAsTheUserKnowsIt_data()
@@ -121,7 +104,7 @@ void ApplicationEntryTest::aProgramIsCalledAsTheUserKnowsIt()
     QFETCH(std::string, instance);
     QFETCH(std::string, className);
     const ApplicationEntry entry{"gimp-id", entryName, ""};
-    const WindowIdentity window{"", "", {instance, className}};
+    const WindowIdentity window{"", "", instance, className};
 
     // when
     const std::string name = displayName(window, hasEntry ? &entry : nullptr);

@@ -141,10 +141,14 @@ void FrontmostTest::addTold(bool isKnown)
         row("no machine", {"pid=own"});
         row("another machine", {"pid=own", "WM_CLIENT_MACHINE=elsewhere"});
         row("a process that is another's outside of its namespace", {"pid=1"});
+        row("a longer machine name", {"pid=own", here + 'x'});
+        row("a shorter machine name", {"pid=own", here.chopped(1)});
         row("process 0", {"pid=0", here});
         row("too large a process", {"pid=4294967295", here});
         row("a process as text", {"_NET_WM_PID=1234", here});
         QTest::addRow("its process, %s", name.constData()) << name << ownProcess() << true;
+        QTest::addRow("its process and a zero byte, %s", name.constData())
+            << name << QByteArrayList{"pid=own", here + '|'} << true;
     }
 }
 

@@ -36,6 +36,10 @@ private slots:
     void anApplicationIsDescribedByItsEntry();
     void withoutAnEntryAnApplicationIsCalledByItsClass();
     void anEntryWithoutANameLendsItsId();
+    void aWindowClassIsTwoTexts_data();
+    void aWindowClassIsTwoTexts();
+    void anExecutableIsKnownByItsPathUntilAfterItsRemoval_data();
+    void anExecutableIsKnownByItsPathUntilAfterItsRemoval();
     void theNameIsInTheUsersLanguage();
     void anApplicationWithoutAnyNameIsLikeABackgroundProcess();
     void anApplicationIsKnownWhateverItsWindowTells_data();
@@ -45,7 +49,6 @@ private slots:
     void aListedWindowThatIsGoneIsPassedOver();
     void theEntrysIdOutlivesTheCall();
     void withoutAnEntryTheIdStaysAsItWas();
-    void theSecondFieldIsNotTouched();
 
 private:
     [[nodiscard]] bool prepare(const QByteArray& managerName = "openbox");
@@ -139,6 +142,65 @@ void PidInfosTest::anEntryWithoutANameLendsItsId()
     QCOMPARE(info.name, "painter");
     QCOMPARE(info.path, clientPath);
     QCOMPARE(std::string(info.bundleId), "painter");
+}
+
+void PidInfosTest::aWindowClassIsTwoTexts_data()
+{
+    QTest::addColumn<QByteArray>("windowClass");
+    QTest::addColumn<std::string>("name");
+
+    const auto row = [](const char* tag, const char* windowClass, const std::string& name) {
+        QTest::newRow(tag) << "WM_CLASS=" + QByteArray(windowClass) << name;
+    };
+    row("without the last zero", "xterm|XTerm", "XTerm");
+    row("with more after it", "a|b|c|", "b");
+    row("one text", "xterm|", "xterm");
+    row("one text without zero", "xterm", "xterm");
+    row("no instance", "|XTerm|", "XTerm");
+    row("two empty texts", "||", clientName);
+    row("nothing", "", clientName);
+    row("no ASCII", "\xff|\xe9|", "\xe9");
+}
+
+void PidInfosTest::aWindowClassIsTwoTexts()
+{
+    // given
+    QFETCH(QByteArray, windowClass);
+    QVERIFY(prepare());
+    const WindowClient client(*desktop, {windowClass});
+    EVENTUALLY(isListed(*desktop, client.window()));
+
+    // then
+    QTEST(infosOf(client.id()).name, "name");
+}
+
+void PidInfosTest::anExecutableIsKnownByItsPathUntilAfterItsRemoval_data()
+{
+    QTest::addColumn<QByteArray>("file");
+
+    QTest::newRow("a word") << QByteArray("word");
+    QTest::newRow("blanks and line ends") << QByteArray(" a\nb ");
+    QTest::newRow("no text") << QByteArray("\xff\xfe");
+    QTest::newRow("looks removed") << QByteArray("word (deleted)");
+}
+
+void PidInfosTest::anExecutableIsKnownByItsPathUntilAfterItsRemoval()
+{
+    // given
+    QFETCH(QByteArray, file);
+    QVERIFY(prepare());
+    const std::string copy = session->programs() / file.toStdString();
+    std::filesystem::copy_file(clientPath, copy);
+    const WindowClient client(*desktop, {"WM_CLASS=a|b|"}, QByteArray::fromStdString(copy));
+    EVENTUALLY(isListed(*desktop, client.window()));
+    const std::string before = infosOf(client.id()).path;
+
+    // when
+    std::filesystem::remove(copy);
+
+    // then
+    QCOMPARE(before, copy);
+    QCOMPARE(infosOf(client.id()).path, copy);
 }
 
 void PidInfosTest::theNameIsInTheUsersLanguage()
@@ -279,24 +341,7 @@ void PidInfosTest::withoutAnEntryTheIdStaysAsItWas()
     const WindowClient client(*desktop, ownProcess() << "WM_CLASS=xpaint|XPaint|");
     EVENTUALLY(isListed(*desktop, client.window()));
     const char* const before = "before";
-    pidInfos info{.pid = client.id(), .bundleId = before};
-
-    // when
-    getPidInfos(&info);
-
-    // then
-    QCOMPARE(info.name, "XPaint");
-    QCOMPARE(static_cast<const void*>(info.bundleId), static_cast<const void*>(before));
-}
-
-void PidInfosTest::theSecondFieldIsNotTouched()
-{
-    // given
-    QVERIFY(prepare());
-    writeFile(session->applications() / "painter.desktop", applicationText("Painter"));
-    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=painter|Painter|");
-    EVENTUALLY(isListed(*desktop, client.window()));
-    pidInfos info{.pid = client.id(), .reserved = 77};
+    pidInfos info{.pid = client.id(), .reserved = 77, .bundleId = before};
 
     // when
     getPidInfos(&info);
@@ -304,6 +349,8 @@ void PidInfosTest::theSecondFieldIsNotTouched()
     // then
     QCOMPARE(info.pid, client.id());
     QCOMPARE(info.reserved, 77);
+    QCOMPARE(info.name, "XPaint");
+    QCOMPARE(static_cast<const void*>(info.bundleId), static_cast<const void*>(before));
 }
 
 QTEST_GUILESS_MAIN(PidInfosTest)

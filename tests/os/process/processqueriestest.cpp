@@ -41,9 +41,8 @@ private slots:
     void aProcessHasItsWholeName_data();
     void aProcessHasItsWholeName();
     void aScriptHasItsWholeName();
+    void whatAProcessCallsItselfIsLeftAsItIs_data();
     void whatAProcessCallsItselfIsLeftAsItIs();
-    void whatIsNoProcessHasAnEmptyName();
-    void pathAndTitleAreAlwaysEmpty_data();
     void pathAndTitleAreAlwaysEmpty();
     void askingForLifeByNameGivesTheId();
     void withoutADisplayAProcessIsKnownByItsName();
@@ -233,10 +232,26 @@ void ProcessQueriesTest::aScriptHasItsWholeName()
     ::close(pipe[1]);
 }
 
+void ProcessQueriesTest::whatAProcessCallsItselfIsLeftAsItIs_data()
+{
+    QTest::addColumn<QByteArray>("name");
+
+    QTest::newRow("a word") << QByteArray("word");
+    QTest::newRow("nothing") << QByteArray();
+    QTest::newRow("a line end") << QByteArray("\n");
+    QTest::newRow("line ends") << QByteArray("\n\n");
+    QTest::newRow("a slash") << QByteArray("a/b");
+    QTest::newRow("a look-alike") << QByteArray("1 (init) S 0");
+    QTest::newRow("blanks, tabulators and backslashes") << QByteArray(" a\tb\\n ");
+    QTest::newRow("no text") << QByteArray("\xff\xfe\xc3");
+    QTest::newRow("a number") << QByteArray("12345");
+    QTest::newRow("15 bytes") << QByteArray("123456789abcdef");
+}
+
 void ProcessQueriesTest::whatAProcessCallsItselfIsLeftAsItIs()
 {
     // given
-    const QByteArray name = ownName("itself", 15);
+    QFETCH(QByteArray, name);
 
     // when
     const ChildProcess program(renamed(name));
@@ -245,31 +260,12 @@ void ProcessQueriesTest::whatAProcessCallsItselfIsLeftAsItIs()
     EVENTUALLY_COMPARE(get_application_basename(program.pid()), name.toStdString());
 }
 
-void ProcessQueriesTest::whatIsNoProcessHasAnEmptyName()
-{
-    for (const int id : {goneProcess(), 0, -1, std::numeric_limits<int>::max()})
-        QCOMPARE(get_application_basename(id), std::string());
-}
-
-void ProcessQueriesTest::pathAndTitleAreAlwaysEmpty_data()
-{
-    QTest::addColumn<int>("id");
-
-    QTest::newRow("this process") << static_cast<int>(::getpid());
-    QTest::newRow("the first process") << 1;
-    QTest::newRow("zero") << 0;
-    QTest::newRow("minus one") << -1;
-    QTest::newRow("the largest") << std::numeric_limits<int>::max();
-}
-
 void ProcessQueriesTest::pathAndTitleAreAlwaysEmpty()
 {
-    // given
-    QFETCH(int, id);
-
-    // then
-    QCOMPARE(get_application_path(id), std::string());
-    QCOMPARE(getWindowTitle(id), std::string());
+    for (const int id : {::getpid(), 1, 0, -1, std::numeric_limits<int>::max()}) {
+        QCOMPARE(get_application_path(id), std::string());
+        QCOMPARE(getWindowTitle(id), std::string());
+    }
 }
 
 void ProcessQueriesTest::askingForLifeByNameGivesTheId()
@@ -304,7 +300,8 @@ void ProcessQueriesTest::withoutADisplayAProcessIsKnownByItsName()
 
 void ProcessQueriesTest::whatIsNoProcessIsDescribedByNothing()
 {
-    for (const int id : {goneProcess(), 0, -1}) {
+    for (const int id :
+         {goneProcess(), 0, -1, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()}) {
         // given
         pidInfos info{.pid = id, .path = "/before", .name = "before"};
 

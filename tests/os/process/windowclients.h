@@ -16,10 +16,12 @@ inline QByteArrayList ownProcess()
 class WindowClient {
 public:
     /// @param arguments  what the window tells and does, see windowclient.cpp
-    WindowClient(const Desktop& where, const QByteArrayList& arguments)
+    /// @param program  path of that program or a copy
+    WindowClient(const Desktop& where, const QByteArrayList& arguments,
+                 const QByteArray& program = WINDOW_CLIENT)
         : desktop(where)
         , process(
-              {.program = WINDOW_CLIENT,
+              {.program = program,
                .arguments = QByteArrayList{"_NET_WM_NAME=client"} + arguments,
                .environment = {{"DISPLAY", where.display}, {"XAUTHORITY", qgetenv("XAUTHORITY")}}})
     {
