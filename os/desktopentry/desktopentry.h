@@ -1,11 +1,22 @@
 #pragma once
 
-#include "os/desktopentry/glibowner.h"
+#include <glib.h>
 
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace osUtils {
+
+/// Gives back what GLib has allocated.
+struct FreeFromGlib {
+    void operator()(void* memory) const { g_free(memory); }
+    void operator()(char** words) const { g_strfreev(words); }
+    void operator()(GKeyFile* file) const { g_key_file_unref(file); }
+};
+
+/// A text of GLib's with its owner.
+using GlibText = std::unique_ptr<char, FreeFromGlib>;
 
 /// The group "Desktop Entry" of a key file. Values are any bytes, since paths are.
 ///

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "os/login/loginitem.h"
+#include "os/login/loginitems.h"
 
 #include <cstdint>
 #include <string>

@@ -1,15 +1,64 @@
 #pragma once
 
-#include "os/login/loginitem.h"
+#include "os/login/loginitemurl.h"
 
+#include <cstdint>
+#include <memory>
 #include <string>
+#include <vector>
 
-/// The login items of the user, for callers who want a plain answer. What an item is, and where it
-/// is kept, loginitemservice.h tells.
+/// The login items of the user.
 ///
-/// A failure is one line on standard output, without a line end, that ends in the status (see
-/// OSStatus); nothing else is printed. Paths are any bytes. Nothing here needs the toolkit, and any
-/// thread may call.
+/// An item is an entry of type Application that the user's sessions start: one in the user's
+/// autostart folder, or one for all users that the user's entries leave to count. Paths are any
+/// bytes. Nothing here needs the toolkit, and any thread may call; other processes may change the
+/// items at the same time, so that a position holds for the listing that it comes from and may be
+/// another's soon after.
+
+/// What a login-item function came to: 0 is success, fileNotFound that there is no such file, and a
+/// positive number an error of the system, passed on as it was in errno (<cerrno> has the names).
+using OSStatus = std::int32_t;
+
+namespace LoginItemStatus {
+
+constexpr OSStatus success = 0;
+constexpr OSStatus fileNotFound = -43;
+
+}
+
+/// One program that is started when the user logs in.
+struct LoginItem {
+    LoginItemUrlRef URL;
+    /// A mark that is kept for the caller; sessions start every item alike.
+    bool Hidden = false;
+};
+
+/// Login items in their order, positions counting from 0.
+using LoginItemArray = std::vector<LoginItem>;
+/// Whoever is given an array owns it.
+using LoginItemArrayRef = std::unique_ptr<const LoginItemArray>;
+
+// Functions that give a status, without a word to anybody.
+
+/// Lists the items: first those that other programs have made, by the name of their file, then
+/// those added here, in the order of their addition. Entries that cannot be read are passed over.
+/// @param items  the array, on success; else nothing
+[[nodiscard]] OSStatus LIAECopyLoginItems(LoginItemArrayRef& items);
+
+/// Adds an item behind all others, whether or not there is one for the file already.
+/// @param path    absolute; addLoginItemWithURL() tells what is started
+/// @param hidden  kept with the item
+[[nodiscard]] OSStatus LIAEAddRefAtEnd(const std::string& path, bool hidden);
+
+/// The same for the file of a URL.
+[[nodiscard]] OSStatus LIAEAddURLAtEnd(const LoginItemUrlRef& url, bool hidden);
+
+/// Removes the item at a position, counted from 0; EINVAL if there is none. An entry for all users
+/// stays, and is switched off for this one.
+[[nodiscard]] OSStatus LIAERemove(int index);
+
+// For callers who want a plain answer. A failure is one line on standard output, without a line end,
+// that ends in the status; nothing else is printed.
 
 /// All items in their order; null after printing "Couldn't list login items error " and the status.
 [[nodiscard]] LoginItemArrayRef allLoginItems();
@@ -32,8 +81,8 @@ bool addLoginItemWithPath(const std::string& path, bool hidden);
 /// @return  success; else prints "Couldn't remove login intem error " and the status
 bool removeLoginItemAtIndex(int index);
 
-/// Position of the last item whose path contains the given one, ignoring case (pathsearch.h tells
-/// how); -1 if there is none, also after printing that the items cannot be listed.
+/// Position of the last item whose path contains the given one, ignoring case (see
+/// LoginItemUrl::pathContains()); -1 if there is none, also after printing that the items cannot be listed.
 [[nodiscard]] int indexForLoginItemWithPath(const std::string& path);
 /// Removes the item that indexForLoginItemWithPath() means, and no other, even while other
 /// processes change the items.

@@ -1,10 +1,33 @@
 #include "os/login/loginitemurl.h"
 
-#include "os/desktopentry/glibowner.h"
+#include "os/desktopentry/desktopentry.h"
 
 #include <filesystem>
 
 namespace fs = std::filesystem;
+
+namespace {
+
+/// A text without case. Bytes that are no characters stand behind one that no character has, so that
+/// they cannot be taken for a part of any.
+std::string folded(const std::string& text)
+{
+    constexpr char mark = '\xff';
+    std::string result;
+    const char* next = text.data();
+    const char* const end = next + text.size();
+    while (next != end) {
+        const char* stray = nullptr;
+        g_utf8_validate(next, end - next, &stray);
+        result += osUtils::GlibText(g_utf8_casefold(next, stray - next)).get();
+        if (stray != end)
+            result += {mark, *stray++};
+        next = stray;
+    }
+    return result;
+}
+
+}
 
 LoginItemUrl::LoginItemUrl(const std::string& path)
     : filePath(path)
@@ -35,4 +58,9 @@ std::string LoginItemUrl::text() const
     const osUtils::GlibText encoded(
         g_uri_escape_bytes(reinterpret_cast<const guint8*>(filePath.data()), filePath.size(), "/"));
     return (filePath.starts_with('/') ? "file://" : "") + std::string(encoded.get());
+}
+
+bool LoginItemUrl::pathContains(const std::string& text) const
+{
+    return !text.empty() && folded(filePath).find(folded(text)) != std::string::npos;
 }

@@ -26,6 +26,12 @@ public:
     /// more than that, encoded.
     [[nodiscard]] std::string text() const;
 
+    /// Whether a text occurs in the path, ignoring case; the empty text occurs nowhere.
+    ///
+    /// Where bytes are valid UTF-8, case is ignored by Unicode's full folding, whatever the locale,
+    /// and whole characters are compared. A byte that is not part of a character equals itself alone.
+    [[nodiscard]] bool pathContains(const std::string& text) const;
+
 private:
     explicit LoginItemUrl(const std::string& path);
 

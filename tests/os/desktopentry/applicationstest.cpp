@@ -1,6 +1,6 @@
 #include "os/desktopentry/applications.h"
 
-#include "os/login/loginitemservice.h"
+#include "os/login/loginitems.h"
 #include "tests/os/desktopentry/session.h"
 
 #include <QRegularExpression>

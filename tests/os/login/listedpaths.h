@@ -1,6 +1,6 @@
 #pragma once
 
-#include "os/login/loginitemservice.h"
+#include "os/login/loginitems.h"
 
 #include <string>
 #include <vector>

@@ -1,5 +1,4 @@
 #include "os/login/loginitems.h"
-#include "os/login/loginitemservice.h"
 #include "tests/os/desktopentry/session.h"
 #include "tests/os/login/childprocess.h"
 #include "tests/os/login/listedpaths.h"

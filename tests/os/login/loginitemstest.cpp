@@ -1,6 +1,5 @@
 #include "os/login/loginitems.h"
 
-#include "os/login/loginitemservice.h"
 #include "tests/os/desktopentry/session.h"
 #include "tests/os/login/listedpaths.h"
 
