@@ -63,11 +63,4 @@ const ApplicationEntry* entryOf(const WindowIdentity& window,
     return nullptr;
 }
 
-std::string displayName(const WindowIdentity& window, const ApplicationEntry* entry)
-{
-    if (entry)
-        return entry->name.empty() ? entry->id : entry->name;
-    return window.className.empty() ? window.instance : window.className;
-}
-
 }

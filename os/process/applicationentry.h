@@ -26,8 +26,4 @@ struct ApplicationEntry {
 [[nodiscard]] const ApplicationEntry* entryOf(const WindowIdentity& window,
                                               const std::vector<ApplicationEntry>& entries);
 
-/// What the user knows the window's program by; empty if neither entry nor window tells.
-/// @param entry  of the window; null if it has none
-[[nodiscard]] std::string displayName(const WindowIdentity& window, const ApplicationEntry* entry);
-
 }

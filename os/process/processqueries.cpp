@@ -76,6 +76,14 @@ std::string executablePath(int pid)
     return target;
 }
 
+/// What the user knows the window's program by; empty if neither entry nor window tells.
+std::string displayName(const WindowIdentity& window, const ApplicationEntry* entry)
+{
+    if (entry)
+        return entry->name.empty() ? entry->id : entry->name;
+    return window.className.empty() ? window.instance : window.className;
+}
+
 }
 
 void getPidInfos(pidInfos* info)

@@ -39,8 +39,6 @@ private slots:
     void theEnvironmentNamesTheAutostartFolders_data();
     void theEnvironmentNamesTheAutostartFolders();
     void withoutAHomeThereAreNoItemsAndNoneIsAdded();
-    void aFileIsKnownByItsIdentifier_data();
-    void aFileIsKnownByItsIdentifier();
     void theUsersFileHidesTheSystems();
     void filesComeByFolderAndIdentifier();
     void foldersThatHoldThemselvesEnd();
@@ -129,34 +127,6 @@ void ApplicationsTest::withoutAHomeThereAreNoItemsAndNoneIsAdded()
     QVERIFY(items->empty());
 }
 
-void ApplicationsTest::aFileIsKnownByItsIdentifier_data()
-{
-    QTest::addColumn<std::string>("file");
-    QTest::addColumn<std::string>("id");
-
-    QTest::newRow("plain") << std::string("org.x.A.desktop") << std::string("org.x.A ");
-    QTest::newRow("in a folder") << std::string("kde4/a.desktop") << std::string("kde4-a ");
-    QTest::newRow("deeper") << std::string("x/y-z/a.desktop") << std::string("x-y-z-a ");
-    QTest::newRow("another suffix") << std::string("a.desktop.bak") << std::string();
-    QTest::newRow("no suffix") << std::string("mimeinfo.cache") << std::string();
-    QTest::newRow("nothing but the suffix") << std::string(".desktop") << std::string();
-    QTest::newRow("a folder") << std::string("a.desktop/b") << std::string();
-}
-
-void ApplicationsTest::aFileIsKnownByItsIdentifier()
-{
-    // given
-    QFETCH(std::string, file);
-    const Path path = session->systemApplications() / file;
-    writeFile(path, "");
-
-    // then
-    QTEST(identifiers(), "id");
-    const std::vector<ApplicationFile> files = applicationFiles();
-    QVERIFY(files.empty() || applicationPath(files, files.front().id) == path);
-    QCOMPARE(applicationPath(files, "missing"), std::string());
-}
-
 void ApplicationsTest::theUsersFileHidesTheSystems()
 {
     // given
@@ -175,6 +145,8 @@ void ApplicationsTest::filesComeByFolderAndIdentifier()
     writeFile(session->root() / "two/applications/a.desktop", "");
     writeFile(session->applications() / "d.desktop", "");
     writeFile(session->applications() / "c.desktop", "");
+    for (const char* other : {"a.desktop.bak", "mimeinfo.cache", ".desktop", "e.desktop/b"})
+        writeFile(session->applications() / other, "");
 
     // when
     session->set("XDG_DATA_DIRS", "/nowhere:" + (session->root() / "two").native());

@@ -39,9 +39,6 @@ private slots:
     void aLineIsMadeOfWords_data();
     void aLineIsMadeOfWords();
     void theIconIsHandedOver();
-    void theFirstWordIsTheProgram_data();
-    void theFirstWordIsTheProgram();
-    void aNameIsLookedUpOnThePath();
     void aNameInARelativeFolderOfThePathBecomesAbsolute();
     void onlyWhatAllStartersReadAlikeIsWritten_data();
     void onlyWhatAllStartersReadAlikeIsWritten();
@@ -88,46 +85,6 @@ void CommandLineTest::theIconIsHandedOver()
 
     // then
     QCOMPARE(joined(commandWords(entry)), std::string("a|--icon|b||"));
-}
-
-void CommandLineTest::theFirstWordIsTheProgram_data()
-{
-    QTest::addColumn<std::string>("line");
-    QTest::addColumn<std::string>("program");
-
-    const auto row = [](const char* name, const char* line, const char* program) {
-        QTest::newRow(name) << std::string(line) << std::string(program);
-    };
-    row("with arguments", "/a --b %U", "/a");
-    row("quoted", "\"/a b\" \"c\"", "/a b");
-    row("one that is not there", "gone-7c1 x", "gone-7c1");
-    row("relative", "bin/a b", "bin/a");
-    row("an open quote", "\"/a b", "\"/a b");
-    row("a backslash at the end", "C:\\Tools\\", "C:\\Tools\\");
-    row("an empty word", "\"\" b", "\"\" b");
-    row("a remark", "#/a", "#/a");
-    row("a percent sign at the end", "/a%", "/a%");
-}
-
-void CommandLineTest::theFirstWordIsTheProgram()
-{
-    // given
-    QFETCH(std::string, line);
-
-    // then
-    QTEST(startedProgram(entryWith(line)), "program");
-}
-
-void CommandLineTest::aNameIsLookedUpOnThePath()
-{
-    // given
-    const Session session;
-    const std::string program = session.addProgram("painter");
-    std::filesystem::create_directory(session.programs() / "folder");
-
-    // then
-    QCOMPARE(startedProgram(entryWith("painter --now")), program);
-    QCOMPARE(startedProgram(entryWith("folder")), std::string("folder"));
 }
 
 void CommandLineTest::aNameInARelativeFolderOfThePathBecomesAbsolute()

@@ -63,7 +63,6 @@ private slots:
     void aVanishedProgramCanBeSwitchedOffButNotOn();
     void anIdentifierIsFoundWhereApplicationsAre_data();
     void anIdentifierIsFoundWhereApplicationsAre();
-    void theUsersEntryComesBeforeTheSystems();
     void withoutAnApplicationNothingHappens_data();
     void withoutAnApplicationNothingHappens();
     void failuresAreReported();
@@ -355,19 +354,6 @@ void StartWithOsTest::anIdentifierIsFoundWhereApplicationsAre()
     // then
     QCOMPARE(paths, Paths{path});
     QCOMPARE(listedPaths(), Paths{});
-}
-
-void StartWithOsTest::theUsersEntryComesBeforeTheSystems()
-{
-    // given
-    writeFile(session->systemApplications() / "a.desktop", entryOf("false"));
-    addApplication("a", "true");
-
-    // when
-    QVERIFY(switchOsStartBehavior("a", ""));
-
-    // then
-    QCOMPARE(commandsOfDex(), QByteArrayList{"true"});
 }
 
 void StartWithOsTest::withoutAnApplicationNothingHappens_data()

@@ -7,7 +7,7 @@ using namespace osUtils::Process;
 
 Q_DECLARE_METATYPE(WindowIdentity)
 
-/// Which desktop entry belongs to a window, and what the user calls it.
+/// Which desktop entry belongs to a window.
 class ApplicationEntryTest : public QObject {
     Q_OBJECT
 
@@ -15,8 +15,6 @@ private slots:
     void init() { QTest::failOnWarning(QRegularExpression(".?")); }
     void aWindowBelongsToAnEntry_data();
     void aWindowBelongsToAnEntry();
-    void aProgramIsCalledAsTheUserKnowsIt_data();
-    void aProgramIsCalledAsTheUserKnowsIt();
 
 private:
     const std::vector<ApplicationEntry> entries{
@@ -74,43 +72,6 @@ void ApplicationEntryTest::aWindowBelongsToAnEntry()
 
     // then
     QTEST(entry ? QString::fromStdString(entry->id) : QString(""), "id");
-}
-
-void ApplicationEntryTest::aProgramIsCalledAsTheUserKnowsIt_data()
-{
-    QTest::addColumn<bool>("hasEntry");
-    QTest::addColumn<std::string>("entryName");
-    QTest::addColumn<std::string>("instance");
-    QTest::addColumn<std::string>("className");
-    QTest::addColumn<std::string>("name");
-
-    const auto row = [](const char* tag, bool hasEntry, const char* entryName, const char* instance,
-                        const char* className, const char* name) {
-        QTest::newRow(tag) << hasEntry << std::string(entryName) << std::string(instance)
-                           << std::string(className) << std::string(name);
-    };
-    row("entry with a name", true, "Image Editor", "gimp", "Gimp", "Image Editor");
-    row("entry without a name", true, "", "gimp", "Gimp", "gimp-id");
-    row("no entry", false, "", "gimp", "Gimp", "Gimp");
-    row("no entry, only an instance", false, "", "gimp", "", "gimp");
-    row("nothing", false, "", "", "", "");
-}
-
-void ApplicationEntryTest::aProgramIsCalledAsTheUserKnowsIt()
-{
-    // given
-    QFETCH(bool, hasEntry);
-    QFETCH(std::string, entryName);
-    QFETCH(std::string, instance);
-    QFETCH(std::string, className);
-    const ApplicationEntry entry{"gimp-id", entryName, ""};
-    const WindowIdentity window{"", "", instance, className};
-
-    // when
-    const std::string name = displayName(window, hasEntry ? &entry : nullptr);
-
-    // then
-    QTEST(name, "name");
 }
 
 QTEST_APPLESS_MAIN(ApplicationEntryTest)

@@ -40,7 +40,6 @@ private slots:
     void aWindowClassIsTwoTexts();
     void anExecutableIsKnownByItsPathUntilAfterItsRemoval_data();
     void anExecutableIsKnownByItsPathUntilAfterItsRemoval();
-    void theNameIsInTheUsersLanguage();
     void anApplicationWithoutAnyNameIsLikeABackgroundProcess();
     void anApplicationIsKnownWhateverItsWindowTells_data();
     void anApplicationIsKnownWhateverItsWindowTells();
@@ -201,22 +200,6 @@ void PidInfosTest::anExecutableIsKnownByItsPathUntilAfterItsRemoval()
     // then
     QCOMPARE(before, copy);
     QCOMPARE(infosOf(client.id()).path, copy);
-}
-
-void PidInfosTest::theNameIsInTheUsersLanguage()
-{
-    // given
-    QVERIFY(prepare());
-    writeFile(session->applications() / "painter.desktop",
-              applicationText("Painter", "Name[de]=Zeichner\n"));
-    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=painter|Painter|");
-    EVENTUALLY(isListed(*desktop, client.window()));
-
-    // when
-    session->set("LANGUAGE", "de");
-
-    // then
-    QCOMPARE(infosOf(client.id()).name, "Zeichner");
 }
 
 void PidInfosTest::anApplicationWithoutAnyNameIsLikeABackgroundProcess()
