@@ -12,7 +12,6 @@
 #include <cstdlib>
 #include <functional>
 #include <future>
-#include <memory>
 #include <mutex>
 #include <system_error>
 #include <thread>
@@ -46,17 +45,6 @@ xcb_window_t rootWindow(xcb_connection_t* connection, int screen)
     return screens.data->root;
 }
 
-/// Asks over a connection made for this one question.
-template <typename Answer>
-std::optional<Answer> askDisplay(const std::string& display, const Question<Answer>& question)
-{
-    int screen = 0;
-    const X11::OwnConnection connection(xcb_connect(display.c_str(), &screen));
-    if (xcb_connection_has_error(connection.get()))
-        return std::nullopt;
-    return question(connection.get(), rootWindow(connection.get(), screen));
-}
-
 /// Leaves the process's signals to its other threads, and keeps a connection that breaks while it is
 /// written to from ending the process.
 void blockSignals()
@@ -71,28 +59,25 @@ void blockSignals()
 template <typename Answer> std::optional<Answer> inTime(std::function<std::optional<Answer>()> work)
 {
     static std::mutex guard;
-    static std::shared_future<void> givenUp;
+    static std::shared_future<std::optional<Answer>> givenUp;
 
     if (const std::lock_guard lock(guard);
         givenUp.valid() && givenUp.wait_for(0s) != std::future_status::ready)
         return std::nullopt;
-    // Shared, since nobody knows which of the two threads is the last to need them.
-    const auto answer = std::make_shared<std::optional<Answer>>();
-    const auto end = std::make_shared<std::promise<void>>();
-    const std::shared_future<void> ended = end->get_future();
+    std::packaged_task<std::optional<Answer>()> task([work] {
+        blockSignals();
+        return work();
+    });
+    const auto answer = task.get_future().share();
     try {
-        std::thread([work, answer, end] {
-            blockSignals();
-            *answer = work();
-            end->set_value();
-        }).detach();
+        std::thread(std::move(task)).detach();
     } catch (const std::system_error&) {
         return std::nullopt; // no more threads to be had
     }
-    if (ended.wait_for(longestWait) == std::future_status::ready)
-        return *answer;
+    if (answer.wait_for(longestWait) == std::future_status::ready)
+        return answer.get();
     const std::lock_guard lock(guard);
-    givenUp = ended;
+    givenUp = answer;
     return std::nullopt;
 }
 
@@ -104,8 +89,13 @@ template <typename Answer> std::optional<Answer> ask(const Question<Answer>& que
     const char* variable = std::getenv("DISPLAY");
     if (!variable || !*variable)
         return std::nullopt;
-    return inTime<Answer>(
-        [display = std::string(variable), question] { return askDisplay(display, question); });
+    return inTime<Answer>([display = std::string(variable), question]() -> std::optional<Answer> {
+        int screen = 0;
+        const X11::OwnConnection connection(xcb_connect(display.c_str(), &screen));
+        if (xcb_connection_has_error(connection.get()))
+            return std::nullopt;
+        return question(connection.get(), rootWindow(connection.get(), screen));
+    });
 }
 
 }

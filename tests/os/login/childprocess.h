@@ -13,40 +13,28 @@ namespace TestSupport {
 class ChildProcess {
 public:
     explicit ChildProcess(const std::function<bool()>& deed)
-        : parent(getpid())
-        , pid(fork())
+        : pid(fork())
     {
-        if (pid == 0)
-            live(deed);
-        // Without a child there is nobody to wait for, and above all nobody to kill: -1 is everybody.
-        if (pid < 0) {
-            isOver = true;
-            status = failedStart;
+        if (pid == 0) {
+            // Ends with the test program, also when that is killed.
+            prctl(PR_SET_PDEATHSIG, SIGKILL);
+            // Without the ends of the test program, whose output would appear twice.
+            _exit(deed() ? 0 : 1);
         }
     }
     ~ChildProcess()
     {
-        kill();
+        // Without a child there is nobody to kill: -1 is everybody.
+        if (isRunning())
+            ::kill(pid, SIGKILL);
         wait();
     }
     ChildProcess(const ChildProcess&) = delete;
     ChildProcess& operator=(const ChildProcess&) = delete;
 
-    void kill() const
-    {
-        if (!isOver && pid > 0)
-            ::kill(pid, SIGKILL);
-    }
-    /// Waits for the end.
-    void wait()
-    {
-        if (!isOver)
-            isOver = waitpid(pid, &status, 0) == pid;
-    }
     [[nodiscard]] bool isRunning()
     {
-        if (!isOver)
-            isOver = waitpid(pid, &status, WNOHANG) == pid;
+        wait(WNOHANG);
         return !isOver;
     }
     /// Whether the deed was done and said true.
@@ -62,23 +50,15 @@ public:
     }
 
 private:
-    // As of a child that exited with 1.
-    static constexpr int failedStart = 1 << 8;
-
-    [[noreturn]] void live(const std::function<bool()>& deed) const
+    void wait(int options = 0)
     {
-        // Ends with the test program, also when that is killed.
-        prctl(PR_SET_PDEATHSIG, SIGKILL);
-        if (getppid() != parent)
-            _exit(1);
-        // Without the ends of the test program, whose output would appear twice.
-        _exit(deed() ? 0 : 1);
+        if (!isOver)
+            isOver = waitpid(pid, &status, options) == pid;
     }
 
-    pid_t parent;
-    pid_t pid;
-    bool isOver = false;
-    int status = 0;
+    const pid_t pid;
+    bool isOver = pid < 0;
+    int status = 1 << 8; // as of a child that exited with 1, if none could be made
 };
 
 }

@@ -28,8 +28,6 @@ class FrontmostTest : public DesktopTest {
 private slots:
     void onABareScreenNobodyIsInFront_data() { addManagers(); }
     void onABareScreenNobodyIsInFront();
-    void aProgramWithTheKeysIsInFront_data() { addManagers(); }
-    void aProgramWithTheKeysIsInFront();
     void whenTheProgramEndsNobodyIsInFront_data() { addManagers(); }
     void whenTheProgramEndsNobodyIsInFront();
     void aProgramIsKnownWhateverItsWindowTells_data() { addTold(true); }
@@ -95,19 +93,6 @@ void FrontmostTest::onABareScreenNobodyIsInFront()
 
     // then
     QCOMPARE(getCurrentFocusProcess(), nobody);
-}
-
-void FrontmostTest::aProgramWithTheKeysIsInFront()
-{
-    // given
-    QFETCH(QByteArray, managerName);
-    QVERIFY(prepare(managerName));
-
-    // when
-    const WindowClient client(*desktop, ownProcess() << "do=keys");
-
-    // then
-    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
 }
 
 void FrontmostTest::whenTheProgramEndsNobodyIsInFront()
