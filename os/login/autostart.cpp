@@ -201,20 +201,17 @@ OSStatus removeAutostart(const std::string& name)
 {
     const std::string folder = autostartFolders().front();
     const std::string file = folder + '/' + name;
-    if (!countsForAllUsers(name)) {
-        const OSStatus status = statusOf(unlink(file.c_str()) == 0);
-        return status == LoginItemStatus::success ? sync(folder) : status;
-    }
-    OSStatus status = provide(folder);
+    if (!countsForAllUsers(name))
+        return unlink(file.c_str()) == 0 ? sync(folder) : errno;
+    if (const OSStatus status = provide(folder); status != LoginItemStatus::success)
+        return status;
     const std::string begun = name + ".new";
     const std::string begunFile = folder + '/' + begun;
-    if (status == LoginItemStatus::success) {
-        unlink(begunFile.c_str()); // of a process that was ended
-        status = writeFile(folder, begun, switchedOffEntry(name).bytes());
-    }
-    if (status == LoginItemStatus::success)
-        status = statusOf(std::rename(begunFile.c_str(), file.c_str()) == 0);
-    return status == LoginItemStatus::success ? sync(folder) : status;
+    unlink(begunFile.c_str()); // of a process that was ended
+    const OSStatus status = writeFile(folder, begun, switchedOffEntry(name).bytes());
+    if (status != LoginItemStatus::success)
+        return status;
+    return std::rename(begunFile.c_str(), file.c_str()) == 0 ? sync(folder) : errno;
 }
 
 }

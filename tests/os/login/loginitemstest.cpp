@@ -60,8 +60,7 @@ private slots:
     void aPathRemovesTheLastMatch();
     void aUrlRemovesItsItem();
     void whatIsNotFoundIsNotRemoved();
-    void removingALinkLeavesItsTarget();
-    void removingTakesNothingElseAlong();
+    void removingTakesNeitherALinksTargetNorAnythingElseAlong();
     void anItemForAllUsersIsSwitchedOffForThisOne();
     void whatOthersAddToOurEntriesSurvives();
 
@@ -631,29 +630,14 @@ void LoginItemsTest::whatIsNotFoundIsNotRemoved()
     QCOMPARE(listedPaths(), Paths{"/bin/sh"});
 }
 
-void LoginItemsTest::removingALinkLeavesItsTarget()
+void LoginItemsTest::removingTakesNeitherALinksTargetNorAnythingElseAlong()
 {
     // given
     const Path target = session->home() / "dotfiles/a";
     writeFile(target, "[Desktop Entry]\nType=Application\nExec=/a\n");
-    std::filesystem::create_directories(session->autostart());
-    std::filesystem::create_symlink(target, session->autostart() / "a.desktop");
-    QCOMPARE(listedPaths(), Paths{"/a"});
-
-    // when
-    QVERIFY(removeLoginItemAtIndex(0));
-
-    // then
-    QVERIFY(namesIn(session->autostart()).empty());
-    QVERIFY(std::filesystem::exists(target));
-}
-
-void LoginItemsTest::removingTakesNothingElseAlong()
-{
-    // given
-    addEntries({"/a"});
     session->addEntry("deleted.desktop", "Type=Application\nExec=/b\nHidden=true\n");
     writeFile(session->autostart() / "a.desktop.bak", "# mine\n");
+    std::filesystem::create_symlink(target, session->autostart() / "a.desktop");
 
     // when
     QVERIFY(removeLoginItemWithPath("/a"));
@@ -661,6 +645,7 @@ void LoginItemsTest::removingTakesNothingElseAlong()
     // then
     QCOMPARE(namesIn(session->autostart()),
              (std::set<std::string>{"a.desktop.bak", "deleted.desktop"}));
+    QVERIFY(std::filesystem::exists(target));
 }
 
 void LoginItemsTest::anItemForAllUsersIsSwitchedOffForThisOne()
