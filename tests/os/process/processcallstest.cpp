@@ -1,13 +1,19 @@
 #include "os/process/processqueries.h"
 
+#include "tests/desktop/harness/filedescriptor.h"
+
 #include <QList>
 #include <QRegularExpression>
 #include <QTest>
 
+#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <unistd.h>
 
 #include <cerrno>
+#include <cstdlib>
+#include <functional>
+#include <new>
 
 using namespace osUtils::Process;
 
@@ -28,7 +34,23 @@ QList<bool> answers;
 
 constexpr const char* nobody = "nobody is so";
 
+bool isMemoryShort = false;
+
+/// What goes to the error stream during the deed.
+QByteArray errorsOf(const std::function<void()>& deed)
+{
+    const FileDescriptor written(::memfd_create("errors", MFD_CLOEXEC));
+    const FileDescriptor before(::dup(STDERR_FILENO));
+    ::dup2(written.get(), STDERR_FILENO);
+    deed();
+    ::dup2(before.get(), STDERR_FILENO);
+    char text[1000];
+    return {text, static_cast<int>(::pread(written.get(), text, sizeof text, 0))};
 }
+
+}
+
+// These take the places of the library's, for this program.
 
 extern "C" int __wrap_kill(pid_t first, int second)
 {
@@ -38,8 +60,26 @@ extern "C" int __wrap_kill(pid_t first, int second)
     return success ? 0 : -1;
 }
 
-/// Which calls the functions for living and closing make, and what they make of the answers.
-class KillCallsTest : public QObject {
+void* operator new(std::size_t size)
+{
+    void* memory = isMemoryShort ? nullptr : std::malloc(size);
+    if (!memory)
+        throw std::bad_alloc();
+    return memory;
+}
+
+void operator delete(void* memory) noexcept
+{
+    std::free(memory);
+}
+
+void operator delete(void* memory, std::size_t) noexcept
+{
+    std::free(memory);
+}
+
+/// Which calls of the system the queries make, and what they make of the answers.
+class ProcessCallsTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -51,16 +91,33 @@ private slots:
     void closingByNameSendsTheIdThatIsFound();
     void closingNobodyStillCalls();
     void nothingElseCalls();
+    void withoutMemoryForTheTableALineIsWrittenEachTime();
+    void withMemoryNothingIsWritten();
+
+private:
+    int findWithoutMemory() const
+    {
+        std::string sought = name;
+        isMemoryShort = true;
+        const int found = getProcessId(std::move(sought));
+        isMemoryShort = false;
+        return found;
+    }
+
+    /// This process's own.
+    const std::string name = "calls" + QByteArray::number(::getpid(), 36).toStdString();
+    const QByteArray line = "could not reallocate memory\n";
 };
 
-void KillCallsTest::init()
+void ProcessCallsTest::init()
 {
     QTest::failOnWarning(QRegularExpression(".?"));
+    ::prctl(PR_SET_NAME, name.c_str());
     calls.clear();
     answers.clear();
 }
 
-void KillCallsTest::theIdIsSentAsTheSignal_data()
+void ProcessCallsTest::theIdIsSentAsTheSignal_data()
 {
     QTest::addColumn<int>("id");
 
@@ -69,7 +126,7 @@ void KillCallsTest::theIdIsSentAsTheSignal_data()
         QTest::addRow("%d", id) << id;
 }
 
-void KillCallsTest::theIdIsSentAsTheSignal()
+void ProcessCallsTest::theIdIsSentAsTheSignal()
 {
     // given
     QFETCH(int, id);
@@ -84,7 +141,7 @@ void KillCallsTest::theIdIsSentAsTheSignal()
     QCOMPARE(calls, QList<KillCall>({{3, id}, {0, id}}));
 }
 
-void KillCallsTest::theLastCallTellsTheAnswer_data()
+void ProcessCallsTest::theLastCallTellsTheAnswer_data()
 {
     QTest::addColumn<bool>("first");
     QTest::addColumn<bool>("second");
@@ -95,7 +152,7 @@ void KillCallsTest::theLastCallTellsTheAnswer_data()
     QTest::newRow("neither") << false << false;
 }
 
-void KillCallsTest::theLastCallTellsTheAnswer()
+void ProcessCallsTest::theLastCallTellsTheAnswer()
 {
     // given
     QFETCH(bool, first);
@@ -108,22 +165,20 @@ void KillCallsTest::theLastCallTellsTheAnswer()
     QVERIFY(answers.isEmpty());
 }
 
-void KillCallsTest::closingByNameSendsTheIdThatIsFound()
+void ProcessCallsTest::closingByNameSendsTheIdThatIsFound()
 {
     // given
-    const QByteArray name = "closing" + QByteArray::number(::getpid(), 36);
-    ::prctl(PR_SET_NAME, name.constData());
     answers = {true, true};
 
     // when
-    const bool closed = closeProcess(name.toStdString());
+    const bool closed = closeProcess(name);
 
     // then
     QVERIFY(closed);
     QCOMPARE(calls, QList<KillCall>({{3, ::getpid()}, {0, ::getpid()}}));
 }
 
-void KillCallsTest::closingNobodyStillCalls()
+void ProcessCallsTest::closingNobodyStillCalls()
 {
     // when
     const bool closed = closeProcess(nobody);
@@ -133,7 +188,7 @@ void KillCallsTest::closingNobodyStillCalls()
     QCOMPARE(calls, QList<KillCall>({{3, -1}, {0, -1}}));
 }
 
-void KillCallsTest::nothingElseCalls()
+void ProcessCallsTest::nothingElseCalls()
 {
     // given
     qunsetenv("DISPLAY");
@@ -151,5 +206,42 @@ void KillCallsTest::nothingElseCalls()
     QCOMPARE(calls, QList<KillCall>());
 }
 
-QTEST_APPLESS_MAIN(KillCallsTest)
-#include "killcallstest.moc"
+void ProcessCallsTest::withoutMemoryForTheTableALineIsWrittenEachTime()
+{
+    // given
+    int first = 0;
+    int second = 0;
+
+    // when
+    const QByteArray errors = errorsOf([&] {
+        first = findWithoutMemory();
+        second = findWithoutMemory();
+    });
+
+    // then
+    QCOMPARE(errors, line + line);
+    QCOMPARE(first, -1);
+    QCOMPARE(second, -1);
+    QCOMPARE(getProcessId(name), ::getpid());
+}
+
+void ProcessCallsTest::withMemoryNothingIsWritten()
+{
+    // given
+    int found = 0;
+    int missed = 0;
+
+    // when
+    const QByteArray errors = errorsOf([&] {
+        found = getProcessId(name);
+        missed = getProcessId(nobody);
+    });
+
+    // then
+    QCOMPARE(errors, QByteArray());
+    QCOMPARE(found, ::getpid());
+    QCOMPARE(missed, -1);
+}
+
+QTEST_APPLESS_MAIN(ProcessCallsTest)
+#include "processcallstest.moc"
