@@ -1,6 +1,7 @@
 #include "os/process/windowsystem.h"
 
 #include "os/process/xwindows.h"
+#include "os/x11/connection.h"
 #include "os/x11/ownconnection.h"
 
 #include <QGuiApplication>
@@ -30,10 +31,8 @@ using Question = std::function<std::optional<Answer>(xcb_connection_t*, xcb_wind
 /// The toolkit's connection; null if it runs elsewhere or not at all.
 xcb_connection_t* toolkitConnection()
 {
-    const auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
-    const auto* x11 =
-        application ? application->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
-    return x11 ? x11->connection() : nullptr;
+    const bool hasWindows = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    return hasWindows ? X11::connection() : nullptr;
 }
 
 /// The root window of a screen.
@@ -84,7 +83,7 @@ template <typename Answer> std::optional<Answer> inTime(std::function<std::optio
 template <typename Answer> std::optional<Answer> ask(const Question<Answer>& question)
 {
     if (xcb_connection_t* connection = toolkitConnection())
-        return question(connection, rootWindow(connection, 0));
+        return question(connection, X11::rootWindow(connection));
 
     const char* variable = std::getenv("DISPLAY");
     if (!variable || !*variable)
