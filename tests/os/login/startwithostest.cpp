@@ -144,7 +144,7 @@ void StartWithOsTest::itemsThatStartTheLikeAreLeftAlone_data()
     row("an interpreter", "tool", "sh /opt/tool", "sh /opt/other");
     row("a prefix", "foot", "foot", "footclient");
     row("the same program", "foot", "/bin/sh", "/bin/sh");
-    row("the entry itself", "foot", "/bin/sh", "vi foot.desktop");
+    row("the entry itself", "foot", "/bin/sh", "footclient foot.desktop");
 }
 
 void StartWithOsTest::itemsThatStartTheLikeAreLeftAlone()
