@@ -10,12 +10,25 @@ QuitGuard::QuitGuard(QCoreApplication& application)
     : QObject(&application)
 {
     application.installEventFilter(this);
+    connect(&application, SIGNAL(aboutToQuit()), this, SLOT(dropQuits()));
 }
 
 void QuitGuard::guard(QCoreApplication& application)
 {
     if (!application.findChild<QuitGuard*>(QString(), Qt::FindDirectChildrenOnly))
         new QuitGuard(application);
+}
+
+void QuitGuard::dropQuits()
+{
+    quitting = true;
+    // Should an event loop run again.
+    QMetaObject::invokeMethod(this, "letQuitsThrough", Qt::QueuedConnection);
+}
+
+void QuitGuard::letQuitsThrough()
+{
+    quitting = false;
 }
 
 bool QuitGuard::eventFilter(QObject* application, QEvent* event)

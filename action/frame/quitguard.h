@@ -7,11 +7,11 @@ class QCoreApplication;
 namespace VcAction::Frame {
 
 /// Makes quitting while quitting harmless: a Quit event that arrives while the application handles
-/// another one is dropped.
+/// another one, or is about to quit, is dropped.
 ///
 /// From Qt 6.5 on (seen up to 6.11; QTBUG-112670 is of the same change) QCoreApplication::exit() emits
-/// aboutToQuit() before it notes that it has, so that a slot that quits is called again without end.
-/// May go when no supported version does so.
+/// aboutToQuit() before it notes that it has, so that a slot that quits is called again without end,
+/// and closes all windows. May go when no supported version does so.
 class QuitGuard : public QObject {
     Q_OBJECT
 
@@ -21,6 +21,10 @@ public:
 
 protected:
     bool eventFilter(QObject* application, QEvent* event) override;
+
+private slots:
+    void dropQuits();
+    void letQuitsThrough();
 
 private:
     explicit QuitGuard(QCoreApplication& application);

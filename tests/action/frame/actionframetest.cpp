@@ -1,3 +1,4 @@
+#include "action/frame/quitguard.h"
 #include "tests/action/probes.h"
 #include "tests/support/cursorstack.h"
 #include "tests/support/eventloop.h"
@@ -171,6 +172,7 @@ void ActionFrameTest::anExplicitSizeReachesTheFrame()
 void ActionFrameTest::theEndOfTheProgramIsConnectedToItsQuitting()
 {
     // Given
+    VcAction::Frame::QuitGuard::guard(*qApp);
     const int before = Receivers::ofAboutToQuit();
 
     // When
