@@ -18,7 +18,7 @@ public:
         constexpr qint64 headerSize = 20;
         if (!bytes.startsWith("qres") || bytes.size() < headerSize)
             return false;
-        // Children come after their parents, each folder's in one piece.
+        // A folder's children lie in one piece, somewhere after it.
         qint64 known = 1;
         for (qint64 node = 0; node < known; ++node) {
             if (!holds(nodeAt(node), nodeSize()) || !holdsName(node))
@@ -30,7 +30,7 @@ public:
             }
             const qint64 first = number<quint32>(nodeAt(node) + 10);
             const qint64 end = first + number<quint32>(nodeAt(node) + 6);
-            if (first < known && end > first)
+            if (first <= node)
                 return false;
             known = qMax(known, end);
             if (!holds(nodeAt(0), known * nodeSize()))

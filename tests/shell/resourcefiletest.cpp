@@ -31,6 +31,7 @@ void ResourceFileTest::aWholeOneIs()
 {
     QVERIFY(isWholeResource(sample()));
     QVERIFY(isWholeResourceFile(QStringLiteral(RESOURCE_FOLDER "/first.rcc")));
+    QVERIFY(isWholeResourceFile(QStringLiteral(PROGRAM_RESOURCES)));
 }
 
 void ResourceFileTest::oneThatIsCutOffAnywhereIsNot()
