@@ -125,7 +125,7 @@ void ActionFrame::resizeEvent(QResizeEvent* event)
     // The tool's own doing, not the window manager's: another size is another way to cover the screen.
     if (isVisible() && !event->spontaneous()) {
         // Qt 6.8.2 keeps a window within the limits of its old size, 6.4.2 does not.
-        if (windowHandle()->size() != size()) {
+        if (windowHandle()->maximumSize().width() < QWIDGETSIZE_MAX) {
             windowHandle()->setMaximumSize(size());
             windowHandle()->setMinimumSize(size());
         }
