@@ -9,7 +9,7 @@
 #include "overlay/windowutils.h"
 
 #include <QBackingStore>
-#include <QCoreApplication>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QLineF>
 #include <QResizeEvent>
@@ -125,7 +125,7 @@ void ActionFrame::resizeEvent(QResizeEvent* event)
     // The tool's own doing, not the window manager's: another size is another way to cover the screen.
     if (isVisible() && !event->spontaneous()) {
         // Qt 6.8.2 keeps a window within the limits of its old size, 6.4.2 does not.
-        if (windowHandle()->maximumSize().width() < QWIDGETSIZE_MAX) {
+        if (QGuiApplication::platformName() == QLatin1String("xcb")) {
             windowHandle()->setMaximumSize(size());
             windowHandle()->setMinimumSize(size());
         }
