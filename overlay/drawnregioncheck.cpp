@@ -1,6 +1,5 @@
 #include "overlay/drawnregioncheck.h"
 
-#include "overlay/layerpixmap.h"
 #include "overlay/transparentframe.h"
 
 #include <QImage>
