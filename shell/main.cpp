@@ -4,8 +4,6 @@
 #include "shell/lostserver.h"
 #include "shell/norvikapplication.h"
 #include "shell/penarguments.h"
-#include "shell/plugins.h"
-#include "shell/quietidle.h"
 #include "shell/storeonceshown.h"
 
 #include <QSettings>
@@ -14,8 +12,6 @@ int main(int argc, char** argv)
 {
     constexpr int freehand = 0;
 
-    // GLib's event loop takes longer from event to event, and nothing here needs it.
-    qputenv("QT_NO_GLIB", "1");
     // Qt from 6.8.2 on knows this (6.4.2 does not): handing a fill of some hundred lines to threads takes
     // longer than the fill.
     qputenv("QT_NO_GUI_THREADPOOL", "1");
@@ -28,8 +24,6 @@ int main(int argc, char** argv)
     Helpers::NQt::NorvikApplication application(settings, argc, argv);
     // From here on a fatal message is a fault to be looked into.
     qInstallMessageHandler(nullptr);
-    loadNoMorePlugins();
-    keepQuietWhenIdle();
     const PenArguments pen = penArguments(QCoreApplication::arguments());
 
     VcAction::Frame::PenFrame overlay(nullptr, pen.size, pen.color(), freehand, pen.transparent);

@@ -4,7 +4,7 @@
 
 #include <X11/keysym.h>
 
-/// While nothing happens the program does nothing: it has no time at which it would wake up, also half a minute later.
+/// While nothing happens the program does nothing.
 class IdleTest : public DesktopTest {
     Q_OBJECT
 
@@ -40,7 +40,7 @@ void IdleTest::itSleepsAfterTheStart()
 
     EVENTUALLY(korvel.isReady());
 
-    EVENTUALLY(sleepsUntilCalled(korvel.pid()));
+    EVENTUALLY(sleeps(korvel.pid()));
 }
 
 void IdleTest::itSleepsAfterAFade()
@@ -58,7 +58,7 @@ void IdleTest::itSleepsAfterAFade()
     EVENTUALLY_COMPARE(paletteColour(), faint);
 
     // then
-    EVENTUALLY(sleepsUntilCalled(korvel.pid()));
+    EVENTUALLY(sleeps(korvel.pid()));
 }
 
 void IdleTest::itSleepsAfterAStroke()
@@ -73,7 +73,7 @@ void IdleTest::itSleepsAfterAStroke()
     EVENTUALLY(desktop->screen.colourAt({600, 440}) != desktop->screen.colourAt({100, 700}));
 
     // then
-    EVENTUALLY(sleepsUntilCalled(korvel.pid()));
+    EVENTUALLY(sleeps(korvel.pid()));
 }
 
 void IdleTest::itSleepsWithThePointerOnThePalette()
@@ -84,7 +84,7 @@ void IdleTest::itSleepsWithThePointerOnThePalette()
     desktop->pointer.moveTo(desktop->palette.colourBox());
     static_cast<void>(settledPicture());
 
-    EVENTUALLY(sleepsUntilCalled(korvel.pid()));
+    EVENTUALLY(sleeps(korvel.pid()));
 }
 
 void IdleTest::itSleepsAfterAListWasOpen()
@@ -104,7 +104,7 @@ void IdleTest::itSleepsAfterAListWasOpen()
     static_cast<void>(settledPicture());
 
     // then
-    EVENTUALLY(sleepsUntilCalled(korvel.pid()));
+    EVENTUALLY(sleeps(korvel.pid()));
 }
 
 QTEST_GUILESS_MAIN(IdleTest)
