@@ -1,28 +1,13 @@
 #include "os/presentationmode.h"
 
-#include "os/windowpresenter.h"
-
-#include <QGuiApplication>
+#include "windowsystem/windowsystem.h"
 
 namespace osUtils::System {
 
-namespace {
-
-constexpr int allHiddenMode = 3;
-
-}
-
 void setSystemUIMode(int mode, int /*options*/)
 {
-    auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
-    if (!application)
-        return;
-    // One for the process: a child of the application object, which sees the events of all windows.
-    auto* presenter =
-        application->findChild<WindowPresenter*>(QString(), Qt::FindDirectChildrenOnly);
-    if (!presenter)
-        presenter = new WindowPresenter(application);
-    presenter->setCovering(mode == allHiddenMode);
+    constexpr int allHidden = 3;
+    Windowing::WindowSystem::ofSession().setCovering(mode == allHidden);
 }
 
 void setShowDockIcon(bool /*show*/) { }

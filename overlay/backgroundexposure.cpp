@@ -14,44 +14,26 @@
 namespace Helpers::NQt {
 
 BackgroundExposure::BackgroundExposure(TransparentFrame& exposed, FrameEngine& exposedEngine)
-    : frame(exposed)
+    : NativeWindow(exposed)
+    , frame(exposed)
     , engine(exposedEngine)
 {
-    frame.installEventFilter(this);
 }
 
-bool BackgroundExposure::eventFilter(QObject* watched, QEvent* event)
+bool BackgroundExposure::widgetEvent(QEvent& event)
 {
-    if (watched != &frame)
-        return !exposing && windowChanged(*event);
-    return frameChanged(*event);
-}
-
-bool BackgroundExposure::frameChanged(const QEvent& event)
-{
-    switch (event.type()) {
-    case QEvent::WinIdChange:
-        if (window())
-            window()->installEventFilter(this);
-        return false;
-    case QEvent::Show:
+    if (event.type() == QEvent::Show)
         suspendUpdates();
-        return false;
-    case QEvent::ShowToParent:
-        if (std::exchange(updatesSuspended, false))
-            frame.setAttribute(Qt::WA_UpdatesDisabled, false);
-        return false;
-    case QEvent::UpdateLater:
-        return leaveToExposure();
-    default:
-        return false;
-    }
+    else if (event.type() == QEvent::ShowToParent && std::exchange(updatesSuspended, false))
+        frame.setAttribute(Qt::WA_UpdatesDisabled, false);
+    return NativeWindow::widgetEvent(event)
+        || (event.type() == QEvent::UpdateLater && leaveToExposure());
 }
 
 void BackgroundExposure::suspendUpdates()
 {
     updatesSuspended = frame.updatesEnabled() && leaveToExposure();
-    // The attribute alone: the toolkit's method would update all when it takes it back.
+    // The attribute alone: Qt's method would update all when it takes it back.
     if (updatesSuspended)
         frame.setAttribute(Qt::WA_UpdatesDisabled);
 }
@@ -64,8 +46,12 @@ bool BackgroundExposure::leaveToExposure()
     return true;
 }
 
-bool BackgroundExposure::windowChanged(QEvent& event)
+bool BackgroundExposure::windowEvent(QEvent& event)
 {
+    if (exposing)
+        return false;
+    if (NativeWindow::windowEvent(event))
+        return true;
     if (event.type() == QEvent::Expose)
         return windowExposed();
     if (event.type() != QEvent::Paint || !window()->isExposed()
@@ -81,7 +67,7 @@ bool BackgroundExposure::windowExposed()
     // A paint event with the region follows, or has come and was accepted.
     paintAwaited = window()->isExposed() && isWanted();
     if (paintAwaited)
-        exposeToToolkit({});
+        exposeToQt({});
     return paintAwaited;
 }
 
@@ -90,7 +76,7 @@ void BackgroundExposure::windowPainted(const QRegion& region)
     const QRegion rest = region - drawnRegion();
     if (showBackground(rest)) {
         storeIsPartial = true;
-        // One rectangle each, as a rule: behind more than one the toolkit paints in threads, which cost more than
+        // One rectangle each, as a rule: behind more than one Qt paints in threads, which cost more than
         // they help.
         const QRegion children = frame.childrenRegion();
         paint(region & children);
@@ -99,7 +85,7 @@ void BackgroundExposure::windowPainted(const QRegion& region)
     }
     if (storeIsPartial)
         frame.update(region);
-    exposeToToolkit(region);
+    exposeToQt(region);
     storeIsPartial = storeIsPartial && !QRegion(frame.rect()).subtracted(region).isEmpty();
 }
 
@@ -115,7 +101,7 @@ void BackgroundExposure::prepareStore()
 {
     if (frame.backingStore()->size() == frame.size())
         return;
-    // The toolkit would paint all of one that has not the window's size. It asks the window system for the memory,
+    // Qt would paint all of one that has not the window's size. It asks the window system for the memory,
     // which answers at once as long as it is not busy with the background.
     frame.backingStore()->resize(frame.size());
     storeIsPartial = true;
@@ -126,10 +112,10 @@ void BackgroundExposure::paint(const QRegion& region)
     if (region.isEmpty())
         return;
     frame.update(region);
-    exposeToToolkit(region);
+    exposeToQt(region);
 }
 
-void BackgroundExposure::exposeToToolkit(const QRegion& region)
+void BackgroundExposure::exposeToQt(const QRegion& region)
 {
     const QScopedValueRollback guard(exposing, true);
     QExposeEvent event(region);
@@ -149,11 +135,6 @@ QRegion BackgroundExposure::drawnRegion() const
 bool BackgroundExposure::isDrawnAllOver() const
 {
     return drawnRegion() == frame.rect();
-}
-
-QWindow* BackgroundExposure::window() const
-{
-    return frame.windowHandle();
 }
 
 }

@@ -1,8 +1,8 @@
 #include "overlay/frameenginess.h"
 
-#include "overlay/screengeometry.h"
 #include "overlay/transparentframe.h"
-#include "overlay/windowplatform.h"
+#include "windowsystem/screengeometry.h"
+#include "windowsystem/windowsystem.h"
 
 #include <QGuiApplication>
 #include <QPainter>
@@ -18,6 +18,42 @@ namespace {
 // On the screen of this number the picture is that of the whole desktop, shown from its top-left
 // corner.
 constexpr int wholeDesktopScreen = 1;
+
+/// One screen's picture and its place, both in device pixels.
+struct PlacedPicture {
+    QPixmap picture;
+    QPoint origin;
+
+    QRect rect() const { return {origin, picture.size()}; }
+};
+
+QRect rectAround(const std::vector<PlacedPicture>& pictures)
+{
+    QRect all;
+    for (const PlacedPicture& part : pictures)
+        all |= part.rect();
+    return all;
+}
+
+/// Black where there is no screen.
+/// @param wanted  without a value as much as the pictures take
+QPixmap composed(std::vector<PlacedPicture> pictures, std::optional<QRect> wanted)
+{
+    if (pictures.empty())
+        return {};
+    const QRect area = wanted.value_or(rectAround(pictures));
+    // As it is, without a copy: nor may the pixmap be another's, too, when it is given its ratio.
+    if (pictures.size() == 1 && pictures.front().rect() == area)
+        return std::move(pictures.front().picture);
+    QPixmap whole(area.size());
+    if (whole.isNull())
+        return {};
+    whole.fill(Qt::black);
+    QPainter painter(&whole);
+    for (const PlacedPicture& part : pictures)
+        painter.drawPixmap(part.origin - area.topLeft(), part.picture);
+    return whole;
+}
 
 }
 
@@ -35,53 +71,77 @@ void FrameEngineSS::init()
 
 void FrameEngineSS::printScreen()
 {
+    const auto& system = Windowing::WindowSystem::ofSession();
     QScreen* const home =
         QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
     pixmap = QPixmap();
-    pixels = {};
-    draft = {};
-    coming.reset();
+    captures.clear();
+    area.reset();
+    isTaken = !home;
     if (!home)
         return;
-    coming = screen == wholeDesktopScreen ? DesktopGrab::ofDesktop(*home)
-                                          : DesktopGrab::ofArea(frame->geometry(), *home);
+    ratio = home->devicePixelRatio();
+    const QRect place = frame->geometry();
+    if (screen != wholeDesktopScreen && place == system.coveringGeometry(*home)) {
+        captures.push_back(system.capture(*home));
+        return;
+    }
+    for (QScreen* part : QGuiApplication::screens())
+        captures.push_back(system.capture(*part));
+    if (screen != wholeDesktopScreen)
+        area = Windowing::deviceRect(place, home->geometry().topLeft(), ratio);
 }
 
 QPixmap* FrameEngineSS::background()
 {
-    secureBackground();
-    draft = {};
-    if (coming)
-        pixmap = std::exchange(coming, std::nullopt)->take();
+    if (!isTaken) {
+        secureBackground();
+        pixmap = picture();
+        isTaken = true;
+    }
     return &pixmap;
+}
+
+QPixmap FrameEngineSS::picture()
+{
+    std::vector<PlacedPicture> parts;
+    for (const auto& capture : captures) {
+        QImage image = capture->image();
+        if (!image.isNull())
+            parts.push_back(
+                {QPixmap::fromImage(std::move(image), Qt::NoFormatConversion), capture->origin()});
+    }
+    QPixmap whole = composed(std::move(parts), area);
+    whole.setDevicePixelRatio(ratio);
+    return whole;
 }
 
 void FrameEngineSS::fetchBackground()
 {
-    if (coming)
-        coming->begin();
+    for (const auto& capture : captures)
+        capture->begin();
 }
 
 void FrameEngineSS::secureBackground()
 {
-    if (!coming)
-        return;
-    coming->secure();
-    pixels = coming->pixels();
-    draft = coming->draft();
+    fetchBackground();
+    for (const auto& capture : captures)
+        capture->secure();
 }
 
 bool FrameEngineSS::showBackground(const QWindow& window, const QRegion& region)
 {
-    return FrameEngine::drawBack && isInSharedMemory()
-        && windowPlatform(QGuiApplication::platformName())
-               .showPixels(window, pixels, deviceRegion(region, window.devicePixelRatio()));
+    // A tool that puts another picture in the pixmap's place has left the memory.
+    return FrameEngine::drawBack && isOneScreen()
+        && captures.front()->show(isTaken ? pixmap.toImage() : QImage(), window,
+                                  Windowing::deviceRegion(region, window.devicePixelRatio()));
 }
 
-bool FrameEngineSS::isInSharedMemory() const
+QImage FrameEngineSS::draft() const
 {
-    // A tool that puts another picture in its place has left the memory.
-    return pixels.memory && (coming || pixmap.toImage().constBits() == pixels.memory->data());
+    QImage draft = !isTaken && isOneScreen() ? captures.front()->draft() : QImage();
+    draft.setDevicePixelRatio(ratio);
+    return draft;
 }
 
 void FrameEngineSS::paint(QPaintDevice* device)
@@ -89,24 +149,16 @@ void FrameEngineSS::paint(QPaintDevice* device)
     if (FrameEngine::drawBack)
         drawBack(device, QPoint(0, 0), frame->rect());
     frame->draw(device);
-    if (!draft.isNull())
+    // The first picture is on the screen before the captured one is complete.
+    if (!isTaken && isOneScreen())
         QMetaObject::invokeMethod(
             frame, [this] { completePicture(); }, Qt::QueuedConnection);
 }
 
 void FrameEngineSS::completePicture()
 {
-    draft = {};
-    if (coming)
-        coming->complete();
-}
-
-bool FrameEngineSS::showsDraft(const QPainter& painter) const
-{
-    // The byte that is still anything stands for the opacity, which a window has that lets others through, and a
-    // picture of a tool's own.
-    return !draft.isNull() && painter.device() == frame
-        && !frame->testAttribute(Qt::WA_TranslucentBackground);
+    if (!isTaken && isOneScreen())
+        captures.front()->complete();
 }
 
 void FrameEngineSS::drawBack(QPaintDevice* device, QPoint at, QRect source)
@@ -127,8 +179,12 @@ void FrameEngineSS::drawBack(QPainter* painter, QPoint at, QRectF source)
     const QPointF origin = QPointF(at) - source.topLeft();
     painter->save();
     painter->setClipRect(source.translated(origin), Qt::IntersectClip);
-    if (showsDraft(*painter))
-        painter->drawImage(origin, draft);
+    // What a draft lacks stands for the opacity, which a window has that lets others through, and a picture of a
+    // tool's own.
+    const bool isOpaque =
+        painter->device() == frame && !frame->testAttribute(Qt::WA_TranslucentBackground);
+    if (const QImage early = isOpaque ? draft() : QImage(); !early.isNull())
+        painter->drawImage(origin, early);
     else
         painter->drawPixmap(origin, *background());
     painter->restore();

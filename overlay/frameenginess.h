@@ -1,12 +1,14 @@
 #pragma once
 
-#include "overlay/desktopgrab.h"
 #include "overlay/frameengine.h"
+#include "windowsystem/screencapture.h"
 
-#include <QImage>
 #include <QPixmap>
+#include <QRect>
 
+#include <memory>
 #include <optional>
+#include <vector>
 
 class QPainter;
 
@@ -39,15 +41,18 @@ public:
 
 private:
     void printScreen();
-    [[nodiscard]] bool isInSharedMemory() const;
+    [[nodiscard]] bool isOneScreen() const { return captures.size() == 1 && !area; }
+    [[nodiscard]] QPixmap picture();
+    [[nodiscard]] QImage draft() const;
     void completePicture();
-    [[nodiscard]] bool showsDraft(const QPainter& painter) const;
 
-    std::optional<DesktopGrab> coming;
-    /// What the picture lies in as long as it is the one that was taken.
-    osUtils::System::SharedPixels pixels;
-    /// Of the picture that is coming, for the first paint, which need not wait then until all of it is complete.
-    QImage draft;
+    /// Of the screens on the picture.
+    std::vector<std::unique_ptr<Windowing::ScreenCapture>> captures;
+    /// The part of the desktop that the picture shows, in device pixels; without a value as much as they show.
+    std::optional<QRect> area;
+    qreal ratio = 1;
+    /// Whether the pixmap is the picture; else that is on its way.
+    bool isTaken = true;
     QPixmap pixmap;
     int screen;
 };

@@ -1,50 +1,26 @@
 #include "overlay/layerpixmap.h"
 
-#include "os/uniformmemory.h"
-
 #include <QImage>
 #include <QtMath>
 
-#include <memory>
+#include <cstdlib>
 #include <utility>
 
 namespace Helpers::NQt {
 
 namespace {
 
-using osUtils::System::UniformMemory;
-
-constexpr qsizetype bytesPerPixel = 4;
-/// From here on mapping memory costs less than filling it.
-constexpr qsizetype largeBytes = 1 << 20;
-
-void release(void* memory)
+/// As large as the screen, and mostly never painted on: memory that the system has cleared is taken up only where it
+/// is written to.
+QPixmap transparentPixmap(QSize pixels)
 {
-    const std::unique_ptr<UniformMemory> owned(static_cast<UniformMemory*>(memory));
-    osUtils::System::releaseMemory(*owned);
-}
-
-// As large as the screen, and mostly never looked at: where nothing is painted on it, it shall take
-// neither time nor memory.
-QPixmap largePixmap(QSize pixels, const QColor& fill)
-{
-    const qsizetype bytesPerLine = pixels.width() * bytesPerPixel;
-    const UniformMemory memory = osUtils::System::uniformMemory(
-        static_cast<size_t>(bytesPerLine * pixels.height()), qPremultiply(fill.rgba()));
-    if (!memory.values)
+    const qsizetype rowBytes = pixels.width() * qsizetype{sizeof(QRgb)};
+    void* const memory = pixels.isEmpty() ? nullptr : std::calloc(pixels.height(), rowBytes);
+    if (!memory)
         return {};
-    QImage image(reinterpret_cast<uchar*>(memory.values), pixels.width(), pixels.height(),
-                 bytesPerLine, QImage::Format_ARGB32_Premultiplied, release,
-                 new UniformMemory(memory));
-    // Without a look at the pixels, which would touch them all.
+    QImage image(static_cast<uchar*>(memory), pixels.width(), pixels.height(), rowBytes,
+                 QImage::Format_ARGB32_Premultiplied, std::free, memory);
     return QPixmap::fromImage(std::move(image), Qt::NoFormatConversion);
-}
-
-QPixmap smallPixmap(QSize pixels, const QColor& fill)
-{
-    QPixmap pixmap(pixels);
-    pixmap.fill(fill);
-    return pixmap;
 }
 
 }
@@ -52,8 +28,9 @@ QPixmap smallPixmap(QSize pixels, const QColor& fill)
 QPixmap layerPixmap(QSize size, qreal ratio, const QColor& fill)
 {
     const QSize pixels(qCeil(size.width() * ratio), qCeil(size.height() * ratio));
-    const qsizetype bytes = bytesPerPixel * pixels.width() * pixels.height();
-    QPixmap layer = bytes < largeBytes ? smallPixmap(pixels, fill) : largePixmap(pixels, fill);
+    QPixmap layer = fill.alpha() == 0 ? transparentPixmap(pixels) : QPixmap(pixels);
+    if (fill.alpha() != 0)
+        layer.fill(fill);
     layer.setDevicePixelRatio(ratio);
     return layer;
 }

@@ -1,6 +1,6 @@
 #include "overlay/sharpimage.h"
 
-#include <QGuiApplication>
+#include "windowsystem/windowsystem.h"
 
 namespace Helpers::NQt {
 
@@ -19,10 +19,7 @@ QCursor sharpCursor(const QPixmap& image, QPoint hotSpot)
 {
     if (image.isNull())
         return QCursor();
-    // The X11 plug-in (seen in Qt 6.4.2 and 6.8.2) hands the image on in its own pixels and leaves the hot
-    // spot unscaled. The end-to-end tests of cursors fail when a later one scales it.
-    if (QGuiApplication::platformName() == QLatin1String("xcb"))
-        hotSpot *= image.devicePixelRatio();
+    hotSpot = Windowing::WindowSystem::ofSession().cursorHotSpot(hotSpot, image.devicePixelRatio());
     return QCursor(image, hotSpot.x(), hotSpot.y());
 }
 

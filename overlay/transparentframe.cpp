@@ -1,12 +1,10 @@
 #include "overlay/transparentframe.h"
 
-#include "os/screencover.h"
 #include "overlay/backgroundexposure.h"
 #include "overlay/drawnregioncheck.h"
 #include "overlay/frameenginert.h"
 #include "overlay/frameenginess.h"
-#include "overlay/windowplatform.h"
-#include "overlay/windowutils.h"
+#include "windowsystem/windowsystem.h"
 
 #include <QGuiApplication>
 #include <QPaintEvent>
@@ -41,7 +39,7 @@ QPalette alwaysActive(QPalette palette)
 TransparentFrame::TransparentFrame(QWidget* parent, int engineType, int width, int height)
     : QMainWindow(parent)
 {
-    const int screen = Utils::findScreenHoldingMouse();
+    const int screen = Windowing::WindowSystem::ofSession().pointerScreen();
     engine = makeEngine(engineType, this, screen);
     exposure = std::make_unique<BackgroundExposure>(*this, *engine);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -68,7 +66,7 @@ void TransparentFrame::coverScreen(int screen, QSize size)
         return;
     // Before the native window exists: it is made with the device pixel ratio of this screen.
     setScreen(home);
-    const QRect geometry = osUtils::System::coveringGeometry(*home);
+    const QRect geometry = Windowing::WindowSystem::ofSession().coveringGeometry(*home);
     const bool explicitSize = size.width() != 0 && size.height() != 0;
     resize(explicitSize ? size : geometry.size());
     move(geometry.topLeft());
@@ -123,16 +121,12 @@ void TransparentFrame::showEvent(QShowEvent* event)
     // From here on a picture of the screen would be one of the frame.
     engine->secureBackground();
     if (windowHandle())
-        windowPlatform(QGuiApplication::platformName()).reportPointerOnce(*windowHandle());
+        Windowing::WindowSystem::ofSession().reportPointerOnce(*windowHandle());
     QMainWindow::showEvent(event);
 }
 
 void TransparentFrame::paintEvent(QPaintEvent* event)
 {
-    // The first time there is a new buffer, and with it something large that the server has to make (seen in
-    // Qt 6.4.2). It does so while the frame is painted.
-    if (event->rect() == rect())
-        windowPlatform(QGuiApplication::platformName()).sendRequests();
     engine->paint(this);
     event->accept();
     if constexpr (KORVEL_DEVELOPER)

@@ -1,14 +1,11 @@
 #include "overlay/windowutils.h"
 
-#include "overlay/nativewindow.h"
-#include "overlay/screengeometry.h"
-
-#include <QCursor>
-#include <QGuiApplication>
-#include <QScreen>
-#include <QWidget>
+#include "windowsystem/nativewindow.h"
+#include "windowsystem/windowsystem.h"
 
 namespace Helpers::NQt::Utils {
+
+using Windowing::NativeWindow;
 
 void setWindowShadow(QWidget* widget, bool shadow)
 {
@@ -32,10 +29,7 @@ void bringToMegaTop(QWidget* widget)
 
 int findScreenHoldingMouse()
 {
-    QList<QRect> geometries;
-    for (const QScreen* screen : QGuiApplication::screens())
-        geometries.append(screen->geometry());
-    return screenHolding(QCursor::pos(), geometries);
+    return Windowing::WindowSystem::ofSession().pointerScreen();
 }
 
 }

@@ -1,25 +1,21 @@
 #include "shell/storeonceshown.h"
 
+#include "windowsystem/nativewindow.h"
+
 #include <QCoreApplication>
 #include <QSettings>
-#include <QTimer>
-#include <QWidget>
-#include <QWindow>
 
-StoreOnceShown::StoreOnceShown(QSettings& values, const QWidget& window)
+StoreOnceShown::StoreOnceShown(QSettings& values, QWidget& window)
     : settings(values)
 {
     // What has been set asks to be stored at the first turn of the event loop.
     QCoreApplication::removePostedEvents(&settings, QEvent::UpdateRequest);
-    window.windowHandle()->installEventFilter(this);
+    // Queued: Qt paints before it returns to the event loop.
+    connect(&Windowing::NativeWindow::of(window), SIGNAL(exposed()), this, SLOT(store()),
+            Qt::QueuedConnection);
 }
 
-bool StoreOnceShown::eventFilter(QObject* window, QEvent* event)
+void StoreOnceShown::store()
 {
-    if (event->type() == QEvent::Expose && static_cast<QWindow*>(window)->isExposed()) {
-        window->removeEventFilter(this);
-        // Qt paints before it returns to the event loop.
-        QTimer::singleShot(0, this, [this] { settings.sync(); });
-    }
-    return false;
+    settings.sync();
 }

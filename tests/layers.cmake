@@ -1,7 +1,7 @@
 # Fails when a file of a layer includes from one above it.
 # Run by: cmake -DSOURCE_DIR=... -P layers.cmake
 
-set(layers os overlay action pen shell)
+set(layers windowsystem os overlay action pen shell)
 set(above ${layers})
 foreach(layer IN LISTS layers)
   list(REMOVE_ITEM above ${layer})

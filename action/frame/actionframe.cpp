@@ -5,14 +5,13 @@
 #include "action/toolbar/actiontoolbar.h"
 #include "action/toolbar/palettegeometry.h"
 #include "os/presentationmode.h"
-#include "overlay/nativewindow.h"
 #include "overlay/windowutils.h"
+#include "windowsystem/nativewindow.h"
 
 #include <QBackingStore>
-#include <QGuiApplication>
+#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QLineF>
-#include <QResizeEvent>
 #include <QWindow>
 
 #include <utility>
@@ -50,7 +49,7 @@ void ActionFrame::setToolbar(VcAction::Toolbar::ActionToolbar* palette)
         return;
     toolbar->move(VcAction::Toolbar::cornerPosition(frameGeometry().size(), toolbar->size()));
     // Else nobody could open its shutter again.
-    Helpers::NQt::NativeWindow::of(*this).goOnCatchingMouseOver(*toolbar);
+    Windowing::NativeWindow::of(*this).goOnCatchingMouseOver(*toolbar);
 }
 
 void ActionFrame::start(bool withraise)
@@ -64,7 +63,7 @@ void ActionFrame::start(bool withraise)
         raise();
         // Not every window manager takes the keyboard from a full-screen program for a new window, and
         // the toolkit asks one that has crashed.
-        Helpers::NQt::NativeWindow::of(*this).takeKeyboard();
+        Windowing::NativeWindow::of(*this).takeKeyboard();
     }
     if (toolbar)
         toolbar->start();
@@ -120,17 +119,8 @@ void ActionFrame::focusInEvent(QFocusEvent* /*event*/) { }
 
 void ActionFrame::focusOutEvent(QFocusEvent* /*event*/) { }
 
-void ActionFrame::resizeEvent(QResizeEvent* event)
+void ActionFrame::resizeEvent(QResizeEvent* /*event*/)
 {
-    // The tool's own doing, not the window manager's: another size is another way to cover the screen.
-    if (isVisible() && !event->spontaneous()) {
-        // Qt 6.8.2 keeps a window within the limits of its old size, 6.4.2 does not.
-        if (QGuiApplication::platformName() == QLatin1String("xcb")) {
-            windowHandle()->setMaximumSize(size());
-            windowHandle()->setMinimumSize(size());
-        }
-        osUtils::System::setSystemUIMode(allHiddenMode, 0);
-    }
     // The base's handler stays out: it would take a new picture, and of the frame itself once shown.
     if (!toolbar)
         return;

@@ -4,7 +4,7 @@
 #include "action/widget/boxicons.h"
 #include "action/widget/wheelsteps.h"
 #include "overlay/layerpixmap.h"
-#include "overlay/nativewindow.h"
+#include "windowsystem/nativewindow.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -87,11 +87,11 @@ void VcColorComboBox::openColorDialog()
         setCurrentIndex(lastIndex);
 
     // Not every window manager hands the keyboard back to the frame when its dialog is gone.
-    Helpers::NQt::NativeWindow::of(*this).takeKeyboard();
+    Windowing::NativeWindow::of(*this).takeKeyboard();
     QTimer::singleShot(dialogGoneMs, this, [this] {
         // Not from what the user has opened meanwhile.
         if (!QApplication::activeModalWidget() && !QApplication::activePopupWidget())
-            Helpers::NQt::NativeWindow::of(*this).takeKeyboard();
+            Windowing::NativeWindow::of(*this).takeKeyboard();
     });
 }
 

@@ -1,9 +1,9 @@
 #include "examples/liveboard/boardframe.h"
 #include "examples/liveboard/boardtoolbar.h"
-#include "os/compositor.h"
 #include "shell/fatalmessages.h"
 #include "shell/lostserver.h"
 #include "shell/norvikapplication.h"
+#include "windowsystem/windowsystem.h"
 
 #include <QResource>
 
@@ -17,8 +17,8 @@ int main(int argc, char** argv)
     qInstallMessageHandler(nullptr);
     QResource::registerResource("vellumcraft.rcc");
 
-    const osUtils::System::Compositor compositor;
-    if (!compositor.isRunning()) {
+    const auto& windowSystem = Windowing::WindowSystem::ofSession();
+    if (!windowSystem.hasCompositor()) {
         std::fputs("liveboard: the desktop cannot show through a window here, since no compositor"
                    " is running. Start one, such as picom.\n",
                    stderr);
@@ -29,7 +29,7 @@ int main(int argc, char** argv)
     // Owned by the board.
     board.setToolbar(new LiveBoard::BoardToolbar(board));
     // Without the desktop behind it, the board would be black.
-    QObject::connect(&compositor, SIGNAL(ended()), &board, SLOT(closeAction()));
+    QObject::connect(&windowSystem, SIGNAL(compositorEnded()), &board, SLOT(closeAction()));
     board.start();
     return QApplication::exec();
 }

@@ -1,7 +1,7 @@
 #include "os/login/autostart.h"
 
 #include "os/desktopentry/applications.h"
-#include "os/filedescriptor.h"
+#include "windowsystem/filedescriptor.h"
 #include "os/login/commandline.h"
 #include "os/login/newentry.h"
 

@@ -1,8 +1,7 @@
 #include "os/process/windowsystem.h"
 
 #include "os/process/xwindows.h"
-#include "os/x11/connection.h"
-#include "os/x11/ownconnection.h"
+#include "windowsystem/x11/connection.h"
 
 #include <QGuiApplication>
 
@@ -32,7 +31,7 @@ using Question = std::function<std::optional<Answer>(xcb_connection_t*, xcb_wind
 xcb_connection_t* toolkitConnection()
 {
     const bool hasWindows = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
-    return hasWindows ? X11::connection() : nullptr;
+    return hasWindows ? Windowing::X11::connection() : nullptr;
 }
 
 /// The root window of a screen.
@@ -83,14 +82,14 @@ template <typename Answer> std::optional<Answer> inTime(std::function<std::optio
 template <typename Answer> std::optional<Answer> ask(const Question<Answer>& question)
 {
     if (xcb_connection_t* connection = toolkitConnection())
-        return question(connection, X11::rootWindow(connection));
+        return question(connection, Windowing::X11::rootWindow(connection));
 
     const char* variable = std::getenv("DISPLAY");
     if (!variable || !*variable)
         return std::nullopt;
     return inTime<Answer>([display = std::string(variable), question]() -> std::optional<Answer> {
         int screen = 0;
-        const X11::OwnConnection connection(xcb_connect(display.c_str(), &screen));
+        const Windowing::X11::OwnConnection connection(xcb_connect(display.c_str(), &screen));
         if (xcb_connection_has_error(connection.get()))
             return std::nullopt;
         return question(connection.get(), rootWindow(connection.get(), screen));

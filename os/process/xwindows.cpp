@@ -1,6 +1,6 @@
 #include "os/process/xwindows.h"
 
-#include "os/x11/replypointer.h"
+#include "windowsystem/x11/connection.h"
 
 #include <unistd.h>
 #include <xcb/res.h>
@@ -13,7 +13,7 @@
 
 namespace osUtils::Process {
 
-using X11::ReplyPointer;
+using Windowing::X11::ReplyPointer;
 
 namespace {
 

@@ -1,7 +1,6 @@
 #include "os/presentationmode.h"
 
-#include "os/windowpresenter.h"
-#include "os/x11/x11window.h"
+#include "windowsystem/none/nowindowsystem.h"
 
 #include <QGuiApplication>
 #include <QRegularExpression>
@@ -74,7 +73,7 @@ void PresentationModeTest::theModeIsRememberedInOnePlace()
         setSystemUIMode(mode, 0);
 
     // then
-    QCOMPARE(qGuiApp->findChildren<WindowPresenter*>().size(), 1);
+    QCOMPARE(qGuiApp->findChildren<Windowing::WindowSystem*>().size(), 1);
 }
 
 void PresentationModeTest::anOverlayIsLeftAsItIs_data()
@@ -116,7 +115,7 @@ void PresentationModeTest::anOverlayIsLeftAsItIs()
 
 void PresentationModeTest::thisWindowSystemIsAnother()
 {
-    QVERIFY(!osUtils::X11::isAvailable());
+    QVERIFY(dynamic_cast<Windowing::NoWindowSystem*>(&Windowing::WindowSystem::ofSession()));
 }
 
 QTEST_MAIN(PresentationModeTest)

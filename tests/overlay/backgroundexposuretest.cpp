@@ -1,6 +1,6 @@
 #include "overlay/frameenginess.h"
-#include "overlay/screengeometry.h"
 #include "overlay/transparentframe.h"
+#include "windowsystem/screengeometry.h"
 
 #include "tests/desktop/harness/backdrop.h"
 #include "tests/desktop/harness/clientwindow.h"
@@ -114,7 +114,7 @@ void BackgroundExposureTest::init()
 
 QRect BackgroundExposureTest::device(const QRect& part, const QWidget& frame) const
 {
-    return deviceRegion(part, frame.devicePixelRatioF()).boundingRect();
+    return Windowing::deviceRegion(part, frame.devicePixelRatioF()).boundingRect();
 }
 
 void BackgroundExposureTest::expect(const QRect& part, const QColor& colour, const QWidget& frame)

@@ -1,10 +1,7 @@
-#include "overlay/desktopgrab.h"
 #include "overlay/transparentframe.h"
 
-#include <QGuiApplication>
 #include <QPainter>
 #include <QRegularExpression>
-#include <QScreen>
 #include <QTest>
 
 using namespace Helpers::NQt;
@@ -33,21 +30,9 @@ class FailedGrabTest : public QObject {
 
 private slots:
     void init() { QTest::failOnWarning(QRegularExpression(".?")); }
-    void aPictureIsNull();
     void onlyTheContentIsPainted();
     void aResizeFailsAgain();
 };
-
-void FailedGrabTest::aPictureIsNull()
-{
-    // given
-    QScreen& screen = *QGuiApplication::primaryScreen();
-
-    // then
-    QVERIFY(DesktopGrab::ofArea(screen.geometry(), screen).take().isNull());
-    QVERIFY(DesktopGrab::ofArea(QRect(1, 2, 3, 4), screen).take().isNull());
-    QVERIFY(DesktopGrab::ofDesktop(screen).take().isNull());
-}
 
 void FailedGrabTest::onlyTheContentIsPainted()
 {

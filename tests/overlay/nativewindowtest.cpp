@@ -1,4 +1,4 @@
-#include "overlay/nativewindow.h"
+#include "windowsystem/nativewindow.h"
 
 #include "overlay/windowutils.h"
 
@@ -16,6 +16,7 @@
 #include <optional>
 
 using namespace Helpers::NQt;
+using Windowing::NativeWindow;
 
 namespace {
 

@@ -1,0 +1,83 @@
+#pragma once
+
+#include <QList>
+#include <QObject>
+#include <QPointer>
+#include <QRegion>
+
+#include <optional>
+
+class QWidget;
+class QWindow;
+
+namespace Windowing {
+
+class WindowSystem;
+
+/// The native side of one top-level widget, and the one that watches the events of both.
+///
+/// Remembers the native properties asked for and sets them again whenever the window system may have lost them: in
+/// a new native window, and in the frame that a window manager puts around it when it is mapped. Has an overlay
+/// come up above the desktop's interface, stay there when its tool resizes it, and give the keyboard back.
+class NativeWindow : public QObject {
+    Q_OBJECT
+
+public:
+    /// The one of the window that holds the widget; made, with the native window, on first use.
+    static NativeWindow& of(QWidget& widget);
+
+    void setShadow(bool shadow);
+    void setIgnoresMouse(bool ignore);
+    /// While the window ignores the mouse, this child of it still catches it, where it is visible and within
+    /// its mask.
+    void goOnCatchingMouseOver(QWidget& child);
+    void setOpaque(bool opaque);
+    void raiseAboveAll();
+    /// Takes it once the window is on the screen; nothing happens while it is hidden. Also where the
+    /// window manager has just taken the keyboard from a dialog that was closed, or leaves it with
+    /// another program although the window is new.
+    void takeKeyboard();
+
+signals:
+    /// The window is on the screen for the first time since it was shown, the window manager's frames around it.
+    void exposed();
+
+protected:
+    /// At most one for a top-level widget: of() yields it.
+    explicit NativeWindow(QWidget& topLevel);
+
+    /// What the widget, or its native window, is told.
+    /// @return  whether nobody else shall be told
+    virtual bool widgetEvent(QEvent& event);
+    virtual bool windowEvent(QEvent& event);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+    /// Null until there is one.
+    [[nodiscard]] QWindow* window() const;
+
+private:
+    void watchNativeWindow();
+    void settle();
+    void applyAll() const;
+    void applyShadow() const;
+    void applyInputRegion() const;
+    void applyOpaque() const;
+
+    QWidget& widget;
+    WindowSystem& system;
+    QList<QPointer<QWidget>> catchers;
+    // Without a value: never asked for, left as the window system has it.
+    std::optional<bool> shadow;
+    std::optional<bool> ignoresMouse;
+    std::optional<bool> opaque;
+    bool aboveAll = false;
+    bool keyboardWanted = false;
+    /// Whether the window has been exposed since it was shown.
+    bool settled = false;
+};
+
+/// Where those of the widgets that are visible children of the window lie, by their places and masks.
+/// @return  in device pixels and window coordinates
+[[nodiscard]] QRegion childRegion(const QWidget& window, const QList<QPointer<QWidget>>& widgets);
+
+}

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <QRegion>
+
+#include <xcb/xcb.h>
+
+#include <cstdlib>
+#include <memory>
+#include <vector>
+
+/// What all that speaks to the X server has in common.
+namespace Windowing::X11 {
+
+/// Qt's own connection; null where Qt does not run on an X server.
+[[nodiscard]] xcb_connection_t* connection();
+
+/// The root window of a server's first screen.
+[[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* server);
+
+/// That of Qt's connection, which it needs.
+[[nodiscard]] xcb_window_t rootWindow();
+
+struct FreeReply {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+/// A server's reply, which XCB allocates and the caller frees; null if there is none.
+template <typename Reply> using ReplyPointer = std::unique_ptr<Reply, FreeReply>;
+
+struct Disconnect {
+    void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+};
+
+/// A connection besides Qt's, for a program that has none.
+using OwnConnection = std::unique_ptr<xcb_connection_t, Disconnect>;
+
+/// A region as the server's requests have it.
+/// @param region  in device pixels
+[[nodiscard]] std::vector<xcb_rectangle_t> x11Rectangles(const QRegion& region);
+
+}

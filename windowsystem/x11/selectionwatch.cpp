@@ -1,0 +1,68 @@
+#include "windowsystem/x11/selectionwatch.h"
+
+#include "windowsystem/x11/atoms.h"
+#include "windowsystem/x11/connection.h"
+#include "windowsystem/x11/structurenotice.h"
+
+#include <QCoreApplication>
+
+#include <xcb/xfixes.h>
+
+#include <utility>
+
+namespace Windowing::X11 {
+
+namespace {
+
+// What the server must be told before it takes any other request of the extension.
+bool agreeOnXFixes()
+{
+    const auto cookie =
+        xcb_xfixes_query_version(connection(), XCB_XFIXES_MAJOR_VERSION, XCB_XFIXES_MINOR_VERSION);
+    const ReplyPointer<xcb_xfixes_query_version_reply_t> reply(
+        xcb_xfixes_query_version_reply(connection(), cookie, nullptr));
+    return reply != nullptr;
+}
+
+}
+
+SelectionWatch::SelectionWatch(QByteArrayView name)
+    : selection(atom(name))
+{
+    const auto* extension = xcb_get_extension_data(connection(), &xcb_xfixes_id);
+    if (!extension || !extension->present || !agreeOnXFixes())
+        return;
+    notifyEvent = static_cast<quint8>(extension->first_event + XCB_XFIXES_SELECTION_NOTIFY);
+    xcb_xfixes_select_selection_input(connection(), rootWindow(), selection,
+                                      XCB_XFIXES_SELECTION_EVENT_MASK_SET_SELECTION_OWNER
+                                          | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_WINDOW_DESTROY
+                                          | XCB_XFIXES_SELECTION_EVENT_MASK_SELECTION_CLIENT_CLOSE);
+    wasOwned = hasOwner();
+    QCoreApplication::instance()->installNativeEventFilter(this);
+}
+
+SelectionWatch::~SelectionWatch() = default;
+
+bool SelectionWatch::hasOwner() const
+{
+    const auto cookie = xcb_get_selection_owner(connection(), selection);
+    const ReplyPointer<xcb_get_selection_owner_reply_t> reply(
+        xcb_get_selection_owner_reply(connection(), cookie, nullptr));
+    return reply && reply->owner != XCB_NONE;
+}
+
+bool SelectionWatch::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
+                                       qintptr* /*result*/)
+{
+    const auto* event = static_cast<const xcb_generic_event_t*>(message);
+    if ((event->response_type & ~sentByAClient) == notifyEvent) {
+        const auto* notify = reinterpret_cast<const xcb_xfixes_selection_notify_event_t*>(event);
+        // The toolkit watches some selections too: each change may be told more than once.
+        if (notify->selection == selection && std::exchange(wasOwned, hasOwner()) && !wasOwned)
+            emit lost();
+    }
+    // The toolkit has a look at it too.
+    return false;
+}
+
+}

@@ -1,0 +1,33 @@
+#pragma once
+
+#include <QAbstractNativeEventFilter>
+#include <QObject>
+
+namespace Windowing::X11 {
+
+/// Watches who owns one of the X server's selections. Session-wide services, a compositor for one,
+/// show by a selection of their own that they run.
+///
+/// Needs the X11 platform and the server's XFixes extension; without it the loss goes unnoticed.
+class SelectionWatch : public QObject, private QAbstractNativeEventFilter {
+    Q_OBJECT
+
+public:
+    explicit SelectionWatch(QByteArrayView selection);
+    ~SelectionWatch() override;
+
+    [[nodiscard]] bool hasOwner() const;
+
+signals:
+    /// The selection had an owner and has none now.
+    void lost();
+
+private:
+    bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
+
+    quint32 selection = 0;
+    quint8 notifyEvent = 0;
+    bool wasOwned = false;
+};
+
+}

@@ -1,0 +1,57 @@
+#include "windowsystem/x11/windowlayer.h"
+
+#include <QByteArray>
+
+#include <algorithm>
+#include <array>
+
+namespace Windowing::X11 {
+
+namespace {
+
+// They move an overlay that is smaller than the screen into the work area, beside the panels,
+// whatever its type; not so a dock. GNOME Shell manages windows by mutter.
+constexpr std::array keepingOthersInWorkArea{"openbox", "metacity", "marco", "mutter",
+                                             "gnome shell"};
+
+bool keepsInWorkArea(const QByteArray& lowerCaseName)
+{
+    return std::any_of(keepingOthersInWorkArea.begin(), keepingOthersInWorkArea.end(),
+                       [&](const char* name) { return lowerCaseName.contains(name); });
+}
+
+bool isFluxbox(const QByteArray& lowerCaseName)
+{
+    return lowerCaseName.contains("fluxbox");
+}
+
+}
+
+WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
+{
+    const QByteArray name = windowManager.toByteArray().toLower();
+    // Xfwm4 (seen in 4.18) takes a full-screen window out of the above layer, whatever the order of
+    // the requests, and always-on-top windows then show over it. Its docks stay above all.
+    if (name.contains("xfwm"))
+        return {WindowLayer::Type::Dock, false};
+    // Fluxbox (seen in 1.3.5) lifts whatever gets the keyboard above a full-screen window, so above
+    // the palette of an overlay that lets the mouse through. Always on top, it is above panels too.
+    if (isFluxbox(name))
+        return {WindowLayer::Type::Notification, false};
+    if (!coversScreen && keepsInWorkArea(name))
+        return {WindowLayer::Type::Dock, false};
+
+    // Elsewhere the full-screen state is what puts a window above the panels and keeps the window
+    // manager from fitting it into the work area. The notification type has no opening animation,
+    // which would show the picture shifted, and leaves the window's own dialogs above it.
+    return {WindowLayer::Type::Notification, coversScreen};
+}
+
+bool movesNewWindows(QByteArrayView windowManager)
+{
+    // Fluxbox (seen in 1.3.5) puts every window below a title bar, takes that away where none is wanted,
+    // shows the window, and moves it up at last.
+    return isFluxbox(windowManager.toByteArray().toLower());
+}
+
+}

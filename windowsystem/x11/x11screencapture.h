@@ -1,0 +1,50 @@
+#pragma once
+
+#include "windowsystem/screencapture.h"
+#include "windowsystem/x11/sharedpixels.h"
+
+#include <QRect>
+
+#include <future>
+#include <memory>
+#include <optional>
+
+namespace Windowing::X11 {
+
+/// The X server writes the picture to memory that it shares with the program, while that goes on with its start;
+/// where it cannot, the picture comes through the connection, and where its pixels are not Qt's, by Qt.
+///
+/// From construction on the memory is made ready, which does not keep the server busy. From begin() on the server
+/// answers nobody until the picture is written.
+class X11ScreenCapture : public ScreenCapture {
+public:
+    /// @param place  of the screen, in device pixels
+    X11ScreenCapture(QScreen& screen, const QRect& place);
+
+    void begin() override;
+    void secure() override;
+    [[nodiscard]] QImage image() override;
+    [[nodiscard]] QImage draft() const override;
+    void complete() override;
+    [[nodiscard]] bool show(const QImage& picture, const QWindow& window,
+                            const QRegion& region) const override;
+
+private:
+    using Request = std::optional<xcb_shm_get_image_cookie_t>;
+
+    [[nodiscard]] bool hasWritten();
+    [[nodiscard]] QImage copied() const;
+
+    enum class State { Prepared, Begun, Written, Copied, Refused };
+
+    QRect place;
+    State state = State::Prepared;
+    /// Null unless the server can write to it.
+    std::shared_ptr<SharedPixels> pixels;
+    std::shared_future<bool> reserved;
+    std::future<Request> request;
+    std::future<void> completion;
+    QImage copy;
+};
+
+}

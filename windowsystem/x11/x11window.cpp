@@ -1,0 +1,217 @@
+#include "windowsystem/x11/x11window.h"
+
+#include "windowsystem/x11/atoms.h"
+#include "windowsystem/x11/connection.h"
+
+#include <xcb/shape.h>
+#include <xcb/xcb.h>
+
+#include <algorithm>
+#include <array>
+
+namespace Windowing::X11 {
+
+namespace {
+
+// The length of text properties that are read, in units of four bytes.
+constexpr uint32_t longestName = 64;
+
+QByteArray propertyValue(xcb_window_t window, QByteArrayView property)
+{
+    const auto cookie = xcb_get_property(connection(), false, window, atom(property),
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, longestName);
+    const ReplyPointer<xcb_get_property_reply_t> reply(
+        xcb_get_property_reply(connection(), cookie, nullptr));
+    if (!reply)
+        return {};
+    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
+            xcb_get_property_value_length(reply.get())};
+}
+
+xcb_window_t toWindow(WId window)
+{
+    return static_cast<xcb_window_t>(window);
+}
+
+// A request of the Extended Window Manager Hints, by client message to the root window.
+void askWindowManager(WId window, QByteArrayView request, std::initializer_list<quint32> data)
+{
+    xcb_client_message_event_t message{};
+    message.response_type = XCB_CLIENT_MESSAGE;
+    message.format = 32;
+    message.window = toWindow(window);
+    message.type = atom(request);
+    std::copy(data.begin(), data.end(), message.data.data32);
+    xcb_send_event(connection(), false, rootWindow(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&message));
+    xcb_flush(connection());
+}
+
+void setShape(xcb_shape_sk_t kind, WId window, const std::optional<QRegion>& region)
+{
+    if (region) {
+        const std::vector<xcb_rectangle_t> rectangles = x11Rectangles(*region);
+        xcb_shape_rectangles(connection(), XCB_SHAPE_SO_SET, kind, XCB_CLIP_ORDERING_UNSORTED,
+                             toWindow(window), 0, 0, static_cast<uint32_t>(rectangles.size()),
+                             rectangles.data());
+    } else {
+        xcb_shape_mask(connection(), XCB_SHAPE_SO_SET, kind, toWindow(window), 0, 0, XCB_NONE);
+    }
+    xcb_flush(connection());
+}
+
+}
+
+QByteArray windowManagerName()
+{
+    // The window manager announces itself by a window of its own, which carries its name. That window
+    // points to itself, or it is another one: the root window's property outlives a window manager
+    // that has crashed, and the number is given anew.
+    const QByteArray check = propertyValue(rootWindow(), supportingWmCheck);
+    if (check.size() != sizeof(xcb_window_t))
+        return {};
+    xcb_window_t window = XCB_WINDOW_NONE;
+    std::copy(check.begin(), check.end(), reinterpret_cast<char*>(&window));
+    if (propertyValue(window, supportingWmCheck) != check)
+        return {};
+    return propertyValue(window, wmName);
+}
+
+void setWindowLayer(WId window, const WindowLayer& layer)
+{
+    using Type = WindowLayer::Type;
+    // The standard's order of preference: a window manager takes the first type that it knows.
+    std::vector<xcb_atom_t> types;
+    if (layer.type != Type::Normal)
+        types.push_back(
+            atom(layer.type == Type::Dock ? wmWindowTypeDock : wmWindowTypeNotification));
+    types.push_back(atom(wmWindowTypeNormal));
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window), atom(wmWindowType),
+                        XCB_ATOM_ATOM, 32, static_cast<uint32_t>(types.size()), types.data());
+    xcb_flush(connection());
+}
+
+void setGeometry(WId window, const QRect& geometry)
+{
+    const std::array<uint32_t, 4> values{
+        static_cast<uint32_t>(geometry.x()), static_cast<uint32_t>(geometry.y()),
+        static_cast<uint32_t>(geometry.width()), static_cast<uint32_t>(geometry.height())};
+    xcb_configure_window(connection(), toWindow(window),
+                         XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y | XCB_CONFIG_WINDOW_WIDTH
+                             | XCB_CONFIG_WINDOW_HEIGHT,
+                         values.data());
+    xcb_flush(connection());
+}
+
+QPoint positionOnDesktop(WId window)
+{
+    const auto cookie =
+        xcb_translate_coordinates(connection(), toWindow(window), rootWindow(), 0, 0);
+    const ReplyPointer<xcb_translate_coordinates_reply_t> reply(
+        xcb_translate_coordinates_reply(connection(), cookie, nullptr));
+    return reply ? QPoint(reply->dst_x, reply->dst_y) : QPoint();
+}
+
+bool isMappedWithFrames(WId window)
+{
+    const auto cookie = xcb_get_window_attributes(connection(), toWindow(window));
+    const ReplyPointer<xcb_get_window_attributes_reply_t> reply(
+        xcb_get_window_attributes_reply(connection(), cookie, nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+}
+
+void allowAnySize(WId window)
+{
+    // The flags come first, in four bytes; what they no longer tell of may stay.
+    constexpr uint32_t steps = 1U << 6 | 1U << 8; // their width, and where they begin
+    QByteArray hints = propertyValue(toWindow(window), "WM_NORMAL_HINTS");
+    uint32_t flags = 0;
+    if (hints.size() < qsizetype(sizeof flags))
+        return;
+    std::copy_n(hints.begin(), sizeof flags, reinterpret_cast<char*>(&flags));
+    flags &= ~steps;
+    std::copy_n(reinterpret_cast<const char*>(&flags), sizeof flags, hints.begin());
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window),
+                        XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32,
+                        static_cast<uint32_t>(hints.size() / sizeof flags), hints.constData());
+    xcb_flush(connection());
+}
+
+void keepAbove(WId window)
+{
+    // Action 1 adds the state, source 1 is a normal application.
+    askWindowManager(window, wmState, {1, atom(wmStateAbove), 0, 1});
+}
+
+void activate(WId window)
+{
+    // Source 2 is the user. Time 0 is that of the request: a time of the last event would be older than
+    // the window manager's own change of the focus, and the server would ignore it.
+    askWindowManager(window, activeWindow, {2, 0});
+    // Xfwm4 (seen in 4.18) takes a dock for focused already when its dialog is gone, and the keyboard
+    // is nobody's. Where no window manager runs, nobody hears the request.
+    const auto cookie = xcb_set_input_focus_checked(connection(), XCB_INPUT_FOCUS_PARENT,
+                                                    toWindow(window), XCB_CURRENT_TIME);
+    // So that the toolkit does not report the error where the window is gone or not on the screen.
+    xcb_discard_reply(connection(), cookie.sequence);
+    xcb_flush(connection());
+}
+
+WId focusedWindow()
+{
+    const auto cookie = xcb_get_input_focus(connection());
+    const ReplyPointer<xcb_get_input_focus_reply_t> reply(
+        xcb_get_input_focus_reply(connection(), cookie, nullptr));
+    return reply && reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT ? reply->focus : 0;
+}
+
+void requestSize(WId window, QSize size)
+{
+    const std::array<uint32_t, 2> values{static_cast<uint32_t>(size.width()),
+                                         static_cast<uint32_t>(size.height())};
+    xcb_configure_window(connection(), toWindow(window),
+                         XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT, values.data());
+    xcb_flush(connection());
+}
+
+void setCardinals(WId window, QByteArrayView property, std::initializer_list<quint32> values)
+{
+    xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window), atom(property),
+                        XCB_ATOM_CARDINAL, 32, static_cast<uint32_t>(values.size()),
+                        values.begin());
+    xcb_flush(connection());
+}
+
+void deleteProperty(WId window, QByteArrayView property)
+{
+    xcb_delete_property(connection(), toWindow(window), atom(property));
+    xcb_flush(connection());
+}
+
+std::vector<WId> windowAndFrames(WId window)
+{
+    std::vector<WId> windows;
+    for (xcb_window_t current = toWindow(window); current != XCB_WINDOW_NONE;) {
+        const auto cookie = xcb_query_tree(connection(), current);
+        const ReplyPointer<xcb_query_tree_reply_t> tree(
+            xcb_query_tree_reply(connection(), cookie, nullptr));
+        if (!tree || current == tree->root)
+            break;
+        windows.push_back(current);
+        current = tree->parent == tree->root ? xcb_window_t{XCB_WINDOW_NONE} : tree->parent;
+    }
+    return windows;
+}
+
+void setInputShape(WId window, const std::optional<QRegion>& region)
+{
+    setShape(XCB_SHAPE_SK_INPUT, window, region);
+}
+
+void setVisibleShape(WId window, const std::optional<QRegion>& region)
+{
+    setShape(XCB_SHAPE_SK_BOUNDING, window, region);
+}
+
+}

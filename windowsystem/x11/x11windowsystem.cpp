@@ -1,0 +1,243 @@
+#include "windowsystem/x11/x11windowsystem.h"
+
+#include "windowsystem/screengeometry.h"
+#include "windowsystem/x11/atoms.h"
+#include "windowsystem/x11/exactplace.h"
+#include "windowsystem/x11/hiddenuntilplaced.h"
+#include "windowsystem/x11/masterdevices.h"
+#include "windowsystem/x11/monitors.h"
+#include "windowsystem/x11/reportedposition.h"
+#include "windowsystem/x11/windowlayer.h"
+#include "windowsystem/x11/x11screencapture.h"
+#include "windowsystem/x11/x11window.h"
+
+#include <QGuiApplication>
+#include <QtMath>
+
+#include <algorithm>
+
+namespace Windowing::X11 {
+
+namespace {
+
+/// As Qt asks for it, in device pixels.
+QSize deviceSize(const QWindow& window)
+{
+    return (QSizeF(window.size()) * window.devicePixelRatio()).toSize();
+}
+
+// Fixed-size hints: a window manager that fits or maximises new windows leaves this one as it is.
+void fixSize(QWindow& window, QSize size)
+{
+    // The largest first: Qt 6.8.2 keeps a window within the limits that it has, 6.4.2 does not.
+    window.setMaximumSize(size);
+    window.setMinimumSize(size);
+}
+
+bool isOurs(WId id)
+{
+    const QWindowList windows = QGuiApplication::topLevelWindows();
+    return std::any_of(windows.begin(), windows.end(), [id](const QWindow* window) {
+        return window->handle() && window->winId() == id;
+    });
+}
+
+// Xfwm4 (seen in 4.18) and marco (1.26) hand the keyboard to the topmost window, an always-on-top
+// one, and without a window manager nobody has it. The others know better than we do: kwin (5.27)
+// would show panels above a full-screen program that has got the keyboard from us.
+bool handsKeyboardToSomebodyElse(const QByteArray& windowManager)
+{
+    const QByteArray name = windowManager.toLower();
+    return name.isEmpty() || name.contains("xfwm") || name.contains("marco");
+}
+
+}
+
+std::optional<QRect> X11WindowSystem::deviceGeometry(const QScreen& screen) const
+{
+    return monitorOf(screen.geometry(), screen.devicePixelRatio(), monitors());
+}
+
+std::unique_ptr<ScreenCapture> X11WindowSystem::capture(QScreen& screen) const
+{
+    if (const std::optional<QRect> place = deviceGeometry(screen))
+        return std::make_unique<X11ScreenCapture>(screen, *place);
+    return std::make_unique<ScreenCapture>(screen);
+}
+
+/// The screen that the window covers; null if there is none.
+const QScreen* X11WindowSystem::coveredScreen(const QWindow& window) const
+{
+    const QList<QScreen*> screens = QGuiApplication::screens();
+    const auto covered = std::find_if(screens.begin(), screens.end(), [&](const QScreen* screen) {
+        return coveringGeometry(*screen) == window.geometry();
+    });
+    return covered == screens.end() ? nullptr : *covered;
+}
+
+void X11WindowSystem::bringUp(QWindow& window)
+{
+    rememberKeyboard();
+    const QByteArray windowManager = windowManagerName();
+    present(window, window.size(), windowManager);
+    // While the window manager brings it up.
+    delete window.findChild<ReportedPosition*>(QString(), Qt::FindDirectChildrenOnly);
+    new ReportedPosition(window);
+    if (movesNewWindows(windowManager))
+        new HiddenUntilPlaced(window);
+}
+
+void X11WindowSystem::present(QWindow& window, QSize size)
+{
+    present(window, size, windowManagerName());
+}
+
+void X11WindowSystem::present(QWindow& window, QSize size, const QByteArray& windowManager)
+{
+    fixSize(window, size);
+    const QScreen* covered = coveredScreen(window);
+    const WindowLayer layer = coveringLayer(windowManager, covered != nullptr);
+    setWindowLayer(window.winId(), layer);
+    const std::optional<QRect> place = covered ? deviceGeometry(*covered) : std::nullopt;
+    if (place)
+        fitExactly(window, *place);
+    window.setWindowStates(layer.fullScreen ? Qt::WindowFullScreen : Qt::WindowNoState);
+    if (layer.fullScreen)
+        return;
+    places[&window] = window.geometry();
+    // A shown overlay that its tool has resized: with the hints of its old size it was held to that.
+    requestSize(window.winId(), place ? place->size() : deviceSize(window));
+}
+
+// Where Qt's sizes reach beyond the edge of the screen: by a part of a logical pixel.
+void X11WindowSystem::fitExactly(QWindow& window, const QRect& place) const
+{
+    if (deviceSize(window) == place.size())
+        return;
+    const qreal ratio = window.devicePixelRatio();
+    // The hints allow the exact size, which lies between two that Qt can give.
+    window.setMinimumSize(
+        {static_cast<int>(place.width() / ratio), static_cast<int>(place.height() / ratio)});
+    delete window.findChild<ExactPlace*>(QString(), Qt::FindDirectChildrenOnly);
+    auto* const exact = new ExactPlace(window, place);
+    if (window.isExposed())
+        exact->insist();
+}
+
+void X11WindowSystem::release(QWindow& window)
+{
+    constexpr int unlimited = (1 << 24) - 1; // Qt's own for a window without a largest size
+    delete window.findChild<ExactPlace*>(QString(), Qt::FindDirectChildrenOnly);
+    window.setMinimumSize(QSize(0, 0));
+    window.setMaximumSize(QSize(unlimited, unlimited));
+    setWindowLayer(window.winId(), {WindowLayer::Type::Normal, false});
+    window.setWindowStates(Qt::WindowNoState);
+    // Openbox (seen in 3.6) takes whatever covers the screen and has the keyboard for full-screen.
+    if (coveredScreen(window))
+        requestSize(window.winId(), deviceSize(window) - QSize(0, 1));
+    // It stays on top of other windows, where some window managers keep panels, too.
+    window.lower();
+}
+
+void X11WindowSystem::settle(QWindow& window)
+{
+    // I3 (seen in 4.22) takes the corner of the desktop for no place at all and puts the window into
+    // the middle. Once it is mapped, a request is heard.
+    const auto place = places.extract(&window);
+    if (!place.empty() && window.geometry() != place.mapped())
+        window.setGeometry(place.mapped());
+    if (auto* exact = window.findChild<ExactPlace*>(QString(), Qt::FindDirectChildrenOnly))
+        exact->insist();
+}
+
+void X11WindowSystem::presentDialog(QWindow& dialog) const
+{
+    dialog.setFlag(Qt::WindowStaysOnTopHint); // else openbox puts it under an overlay's dock
+}
+
+void X11WindowSystem::setShadow(const QWindow& window, bool shadow) const
+{
+    const WId id = window.winId();
+    if (shadow)
+        deleteProperty(id, frameExtents);
+    else
+        setCardinals(id, frameExtents, {0, 0, 0, 0});
+
+    for (const WId level : windowAndFrames(id)) {
+        if (shadow)
+            deleteProperty(level, picomShadow);
+        else
+            setCardinals(level, picomShadow, {0});
+    }
+}
+
+void X11WindowSystem::setInputRegion(const QWindow& window,
+                                     const std::optional<QRegion>& region) const
+{
+    // The frames as well: in fluxbox they catch the clicks that the window lets through. They are of
+    // the same size, the window being frameless.
+    for (const WId level : windowAndFrames(window.winId()))
+        setInputShape(level, region);
+}
+
+void X11WindowSystem::setOpaque(const QWindow& window, bool opaque) const
+{
+    if (!opaque) {
+        deleteProperty(window.winId(), wmOpaqueRegion);
+        return;
+    }
+    const QSizeF size = QSizeF(window.size()) * window.devicePixelRatio();
+    setCardinals(window.winId(), wmOpaqueRegion,
+                 {0, 0, static_cast<quint32>(qCeil(size.width())),
+                  static_cast<quint32>(qCeil(size.height()))});
+}
+
+void X11WindowSystem::raiseAboveAll(QWindow& window) const
+{
+    setWindowLayer(window.winId(), coveringLayer(windowManagerName(), true));
+    keepAbove(window.winId());
+    window.raise();
+}
+
+void X11WindowSystem::takeKeyboard(QWindow& window) const
+{
+    activate(window.winId());
+}
+
+void X11WindowSystem::rememberKeyboard()
+{
+    const WId focused = focusedWindow();
+    if (!isOurs(focused))
+        keyboardLender = focused;
+}
+
+void X11WindowSystem::giveKeyboardBack() const
+{
+    if (keyboardLender != 0 && handsKeyboardToSomebodyElse(windowManagerName())
+        && isOurs(focusedWindow()))
+        activate(keyboardLender);
+}
+
+void X11WindowSystem::reportPointerOnce(const QWindow& window) const
+{
+    hearMasterDevicesOnly(window.winId());
+}
+
+QPoint X11WindowSystem::cursorHotSpot(QPoint hotSpot, qreal ratio) const
+{
+    // The plug-in (seen in Qt 6.4.2 and 6.8.2) hands the image on in its own pixels and leaves the hot spot
+    // unscaled. The end-to-end tests of cursors fail when a later one scales it.
+    return hotSpot * ratio;
+}
+
+bool X11WindowSystem::hasCompositor() const
+{
+    if (!compositor) {
+        // By the Extended Window Manager Hints a compositor owns it for as long as it runs.
+        compositor = std::make_unique<SelectionWatch>("_NET_WM_CM_S0");
+        connect(compositor.get(), SIGNAL(lost()), this, SIGNAL(compositorEnded()));
+    }
+    return compositor->hasOwner();
+}
+
+}
