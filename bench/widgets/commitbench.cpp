@@ -1,6 +1,8 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -72,5 +74,5 @@ void CommitBench::aStrokeOverTheWholeFrame()
     QCOMPARE(canvas.inPicture(10, 10), QColor(Qt::red));
 }
 
-QTEST_MAIN(CommitBench)
+REGISTER_TEST(CommitBench, QApplication)
 #include "commitbench.moc"

@@ -1,6 +1,8 @@
 #include "bench/widgets/tool.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -51,5 +53,5 @@ void FadeBench::aMoveInAStrokeOnAFadedPalette()
     QVERIFY(!tool.canvas.inkOnScreen().isEmpty());
 }
 
-QTEST_MAIN(FadeBench)
+REGISTER_TEST(FadeBench, QApplication)
 #include "fadebench.moc"

@@ -1,6 +1,8 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -94,5 +96,5 @@ void PaintBench::theWholeFrame()
     QCOMPARE(canvas.onScreen(100, 100), QColor(Qt::red));
 }
 
-QTEST_MAIN(PaintBench)
+REGISTER_TEST(PaintBench, QApplication)
 #include "paintbench.moc"

@@ -1,7 +1,9 @@
 #include "bench/widgets/tool.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/testprogram.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QTest>
 
 /// What it costs to open a list of the palette, until it is painted, and to close it. Warnings are
@@ -44,5 +46,5 @@ void PopupBench::aList()
     QVERIFY(!box->view()->isVisible());
 }
 
-QTEST_MAIN(PopupBench)
+REGISTER_TEST(PopupBench, QApplication)
 #include "popupbench.moc"

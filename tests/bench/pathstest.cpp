@@ -1,5 +1,8 @@
 #include "bench/desktop/paths.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QCoreApplication>
 #include <QLineF>
 #include <QTest>
 
@@ -94,5 +97,5 @@ void PathsTest::strokesStayOnThePaperAndApart()
     QVERIFY(!strokes.first().intersects(strokes.last()));
 }
 
-QTEST_GUILESS_MAIN(PathsTest)
+REGISTER_TEST(PathsTest, QCoreApplication)
 #include "pathstest.moc"

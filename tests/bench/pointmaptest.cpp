@@ -1,5 +1,8 @@
 #include "bench/desktop/pointmap.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QCoreApplication>
 #include <QTest>
 
 #include <cmath>
@@ -52,5 +55,5 @@ void PointMapTest::nothingIsInfinitelyFar()
     QVERIFY(std::isinf(PointMap(QSize(10, 10)).furthest({{5, 5}})));
 }
 
-QTEST_GUILESS_MAIN(PointMapTest)
+REGISTER_TEST(PointMapTest, QCoreApplication)
 #include "pointmaptest.moc"

@@ -1,5 +1,8 @@
 #include "bench/desktop/resultsfile.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QCoreApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTest>
@@ -66,5 +69,5 @@ void ResultsFileTest::aFolderThatIsNotThereIsToldOf()
     QVERIFY(!ResultsFile(folder.filePath(QStringLiteral("not/there.md")), {}).save());
 }
 
-QTEST_GUILESS_MAIN(ResultsFileTest)
+REGISTER_TEST(ResultsFileTest, QCoreApplication)
 #include "resultsfiletest.moc"

@@ -1,6 +1,8 @@
 #include "bench/desktop/resultstable.h"
 #include "bench/desktop/results.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QTest>
 
 using namespace Bench;
@@ -89,5 +91,5 @@ void ResultsTableTest::digitsAreThree()
     QCOMPARE(lastLine(results), "| 800 × 600 | wake-ups | " + text + " |");
 }
 
-QTEST_GUILESS_MAIN(ResultsTableTest)
+REGISTER_TEST(ResultsTableTest, QCoreApplication)
 #include "resultstabletest.moc"

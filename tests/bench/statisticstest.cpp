@@ -1,5 +1,8 @@
 #include "bench/desktop/statistics.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QCoreApplication>
 #include <QTest>
 
 class StatisticsTest : public QObject {
@@ -36,5 +39,5 @@ void StatisticsTest::theEndsAreTheSmallestAndTheLargest()
     QCOMPARE(Bench::largest({5, 1, 3}), 5.0);
 }
 
-QTEST_GUILESS_MAIN(StatisticsTest)
+REGISTER_TEST(StatisticsTest, QCoreApplication)
 #include "statisticstest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -151,5 +152,5 @@ void ArgumentsTest::strangeArgumentsAreSurvived()
     EVENTUALLY_COMPARE(korvel.status(), 0);
 }
 
-QTEST_GUILESS_MAIN(ArgumentsTest)
+REGISTER_TEST(ArgumentsTest, QCoreApplication)
 #include "argumentstest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -114,5 +115,5 @@ void ColourDialogTest::closedByAKeyItLeavesAFadingPalette()
                        mixed(Qt::white, Qt::black, faded)));
 }
 
-QTEST_GUILESS_MAIN(ColourDialogTest)
+REGISTER_TEST(ColourDialogTest, QCoreApplication)
 #include "colourdialogtest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -175,5 +176,5 @@ void ControlsTest::listsOpenAboveTheFrame()
     QVERIFY(desktop->screen.area().contains(desktop->windows.geometry(list)));
 }
 
-QTEST_GUILESS_MAIN(ControlsTest)
+REGISTER_TEST(ControlsTest, QCoreApplication)
 #include "controlstest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/cursorimage.h"
 #include "tests/desktop/harness/desktoptest.h"
+#include "tests/support/testprogram.h"
 
 /// The mouse cursor: a pen in the pen's colour on the frame, others on the palette.
 class CursorTest : public DesktopTest {
@@ -98,5 +99,5 @@ void CursorTest::thePenCursorComesBackOnTheFrame()
     EVENTUALLY(isPen(QColor(255, 255, 0)));
 }
 
-QTEST_GUILESS_MAIN(CursorTest)
+REGISTER_TEST(CursorTest, QCoreApplication)
 #include "cursortest.moc"

@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/clientwindow.h"
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
+#include "tests/support/testprogram.h"
 
 /// The life of a stroke, from the first move to the finished ink, and of the dot that shows the pen between strokes.
 class DrawingTest : public DesktopTest {
@@ -185,5 +186,5 @@ void DrawingTest::noPointOfAFastStrokeIsLost()
         QVERIFY2(stroke.coverage(tip) > 0.3, qPrintable(QString::number(tip.x())));
 }
 
-QTEST_GUILESS_MAIN(DrawingTest)
+REGISTER_TEST(DrawingTest, QCoreApplication)
 #include "drawingtest.moc"

@@ -1,4 +1,5 @@
 #include "tests/desktop/harness/desktoptest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -148,5 +149,5 @@ void EndingTest::otherKeysDoNothing()
     EVENTUALLY_COMPARE(korvel.status(), 0);
 }
 
-QTEST_GUILESS_MAIN(EndingTest)
+REGISTER_TEST(EndingTest, QCoreApplication)
 #include "endingtest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/monitordesktoptest.h"
 #include "tests/desktop/harness/selection.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -65,5 +66,5 @@ void ExplicitSizeTest::theFrameLiesAtTheScreensCorner()
     EVENTUALLY_COMPARE(tool.status(), 0);
 }
 
-QTEST_GUILESS_MAIN(ExplicitSizeTest)
+REGISTER_TEST(ExplicitSizeTest, QCoreApplication)
 #include "explicitsizetest.moc"

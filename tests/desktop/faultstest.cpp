@@ -1,5 +1,7 @@
 #include "tests/desktop/harness/desktoptest.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QRandomGenerator>
 
@@ -182,5 +184,5 @@ void FaultsTest::unusableSettingsAreSurvived()
     QVERIFY(isUsable(korvel));
 }
 
-QTEST_GUILESS_MAIN(FaultsTest)
+REGISTER_TEST(FaultsTest, QCoreApplication)
 #include "faultstest.moc"

@@ -2,6 +2,7 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/grab.h"
 #include "tests/desktop/harness/selection.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -189,5 +190,5 @@ void HandsTest::theFrameWorksOnceTheMenuIsGone()
     EVENTUALLY_COMPARE(korvel.status(), 0);
 }
 
-QTEST_GUILESS_MAIN(HandsTest)
+REGISTER_TEST(HandsTest, QCoreApplication)
 #include "handstest.moc"

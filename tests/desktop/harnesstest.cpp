@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/clientwindow.h"
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
+#include "tests/support/testprogram.h"
 
 /// The tests' own tools, without the program: what the other tests rely on must itself be right.
 class HarnessTest : public DesktopTest {
@@ -132,5 +133,5 @@ void HarnessTest::inkIsMeasured()
     QCOMPARE(ink.bounds(), QRect(50, 60, 4, 3));
 }
 
-QTEST_GUILESS_MAIN(HarnessTest)
+REGISTER_TEST(HarnessTest, QCoreApplication)
 #include "harnesstest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/monitordesktoptest.h"
 #include "tests/desktop/harness/selection.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -157,5 +158,5 @@ void HotPlugTest::anOpenListDoesNoHarm()
     leave(korvel, after);
 }
 
-QTEST_GUILESS_MAIN(HotPlugTest)
+REGISTER_TEST(HotPlugTest, QCoreApplication)
 #include "hotplugtest.moc"

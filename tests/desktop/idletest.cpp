@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/harness/sleep.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -107,5 +108,5 @@ void IdleTest::itSleepsAfterAListWasOpen()
     EVENTUALLY(sleeps(korvel.pid()));
 }
 
-QTEST_GUILESS_MAIN(IdleTest)
+REGISTER_TEST(IdleTest, QCoreApplication)
 #include "idletest.moc"

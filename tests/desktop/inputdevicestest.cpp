@@ -2,6 +2,7 @@
 #include "tests/desktop/harness/inputdevice.h"
 #include "tests/desktop/harness/monitordesktoptest.h"
 #include "tests/desktop/harness/monitorserver.h"
+#include "tests/support/testprogram.h"
 
 #include <algorithm>
 
@@ -149,5 +150,5 @@ void InputDevicesTest::aPenDrawsOneStroke()
     QVERIFY(hasOneStroke(path));
 }
 
-QTEST_GUILESS_MAIN(InputDevicesTest)
+REGISTER_TEST(InputDevicesTest, QCoreApplication)
 #include "inputdevicestest.moc"

@@ -1,6 +1,8 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/selection.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <X11/keysym.h>
@@ -147,5 +149,5 @@ void LostServerTest::aBusyProgramEndsWithIt()
     killTheServer(korvel);
 }
 
-QTEST_GUILESS_MAIN(LostServerTest)
+REGISTER_TEST(LostServerTest, QCoreApplication)
 #include "lostservertest.moc"

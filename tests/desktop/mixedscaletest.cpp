@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/harness/monitordesktoptest.h"
 #include "tests/desktop/harness/selection.h"
+#include "tests/support/testprogram.h"
 
 /// Screens of sizes that are no whole number of logical pixels, and of different density side by side.
 class MixedScaleTest : public MonitorDesktopTest {
@@ -211,5 +212,5 @@ void MixedScaleTest::oneFactorForAllScreensDoesNotMoveThem()
     QCOMPARE(desktop->windows.geometry(korvel.frame()), Below);
 }
 
-QTEST_GUILESS_MAIN(MixedScaleTest)
+REGISTER_TEST(MixedScaleTest, QCoreApplication)
 #include "mixedscaletest.moc"

@@ -1,7 +1,9 @@
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/harness/monitordesktoptest.h"
 #include "tests/desktop/harness/selection.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QPainter>
 
 #include <X11/keysym.h>
@@ -170,5 +172,5 @@ void MonitorsTest::aStrokeMayLeaveTheScreenAndComeBack()
     QCOMPARE(ink.acrossColumn(1500 - 950), 0.0);
 }
 
-QTEST_GUILESS_MAIN(MonitorsTest)
+REGISTER_TEST(MonitorsTest, QCoreApplication)
 #include "monitorstest.moc"

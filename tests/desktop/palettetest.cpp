@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -277,5 +278,5 @@ void PaletteTest::theWheelOverItsBackgroundKeepsTheColour()
     QVERIFY(parkPointer(Away, Qt::yellow));
 }
 
-QTEST_GUILESS_MAIN(PaletteTest)
+REGISTER_TEST(PaletteTest, QCoreApplication)
 #include "palettetest.moc"

@@ -2,6 +2,7 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/harness/selection.h"
+#include "tests/support/testprogram.h"
 
 /// Dense screens: the picture stays in device pixels, what is the program's own grows with the scale.
 class ScaleTest : public DesktopTest {
@@ -286,5 +287,5 @@ void ScaleTest::theDensityOfTheDesktopIsTheScale()
     EVENTUALLY_COMPARE(desktop->screen.colourAt(palette(scale).swatch()), QColor(Qt::black));
 }
 
-QTEST_GUILESS_MAIN(ScaleTest)
+REGISTER_TEST(ScaleTest, QCoreApplication)
 #include "scaletest.moc"

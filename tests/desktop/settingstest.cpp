@@ -1,5 +1,7 @@
 #include "tests/desktop/harness/desktoptest.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QSettings>
 
@@ -132,5 +134,5 @@ void SettingsTest::theyAreStoredOnce()
     QCOMPARE(setting("langFile"), "changed meanwhile");
 }
 
-QTEST_GUILESS_MAIN(SettingsTest)
+REGISTER_TEST(SettingsTest, QCoreApplication)
 #include "settingstest.moc"

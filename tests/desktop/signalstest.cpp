@@ -1,5 +1,7 @@
 #include "tests/desktop/harness/desktoptest.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QFile>
 
 #include <functional>
@@ -166,5 +168,5 @@ void SignalsTest::interruptionKeepsItsDefault()
     EVENTUALLY_COMPARE(desktop->screen.grab(), before);
 }
 
-QTEST_GUILESS_MAIN(SignalsTest)
+REGISTER_TEST(SignalsTest, QCoreApplication)
 #include "signalstest.moc"

@@ -1,5 +1,7 @@
 #include "tests/desktop/harness/desktoptest.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QDirIterator>
 #include <QFile>
 
@@ -209,5 +211,5 @@ void StartupTest::itSaysNothing()
     QCOMPARE(korvel.process().output(), QByteArray());
 }
 
-QTEST_GUILESS_MAIN(StartupTest)
+REGISTER_TEST(StartupTest, QCoreApplication)
 #include "startuptest.moc"

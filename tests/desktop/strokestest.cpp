@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/ink.h"
+#include "tests/support/testprogram.h"
 
 #include <cmath>
 
@@ -162,5 +163,5 @@ void StrokesTest::aStrokePassesUnderThePalette()
         QVERIFY(qAbs(stroke.acrossColumn(column) - PenSize / 2.0) < 0.7);
 }
 
-QTEST_GUILESS_MAIN(StrokesTest)
+REGISTER_TEST(StrokesTest, QCoreApplication)
 #include "strokestest.moc"

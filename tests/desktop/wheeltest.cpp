@@ -1,4 +1,5 @@
 #include "tests/desktop/harness/desktoptest.h"
+#include "tests/support/testprogram.h"
 
 /// The wheel over the frame: how it steps through the colours.
 class WheelTest : public DesktopTest {
@@ -96,5 +97,5 @@ void WheelTest::aStartColourOfItsOwnIsReachedByTheWheel()
     }
 }
 
-QTEST_GUILESS_MAIN(WheelTest)
+REGISTER_TEST(WheelTest, QCoreApplication)
 #include "wheeltest.moc"

@@ -1,5 +1,7 @@
 #include "os/presentationmode.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QTest>
 
 /// The presentation mode of a program that has no window system.
@@ -34,5 +36,5 @@ void EarlyPresentationModeTest::forAProgramWithoutWindowsNothingHappens()
     QCOMPARE(application.children().size(), children);
 }
 
-QTEST_APPLESS_MAIN(EarlyPresentationModeTest)
+REGISTER_TEST(EarlyPresentationModeTest, TestSupport::NoApplication)
 #include "earlypresentationmodetest.moc"

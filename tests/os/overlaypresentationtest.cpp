@@ -1,6 +1,7 @@
 #include "os/presentationmode.h"
 
 #include "tests/desktop/harness/home.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/windowmanagerstub.h"
 #include "tests/support/windowprobe.h"
 #include "tests/support/windowwatch.h"
@@ -407,5 +408,5 @@ void OverlayPresentationTest::afterTheNormalModeIsBackOverlaysAreLeftAlone()
     QCOMPARE(hintsWhenShown(Qt::Window | overlayFlags), untouched);
 }
 
-QTEST_MAIN(OverlayPresentationTest)
+REGISTER_TEST(OverlayPresentationTest, QApplication)
 #include "overlaypresentationtest.moc"

@@ -1,5 +1,6 @@
 #include "os/presentationmode.h"
 
+#include "tests/support/testprogram.h"
 #include "windowsystem/none/nowindowsystem.h"
 
 #include <QGuiApplication>
@@ -118,5 +119,5 @@ void PresentationModeTest::thisWindowSystemIsAnother()
     QVERIFY(dynamic_cast<Windowing::NoWindowSystem*>(&Windowing::WindowSystem::ofSession()));
 }
 
-QTEST_MAIN(PresentationModeTest)
+REGISTER_TEST(PresentationModeTest, QGuiApplication)
 #include "presentationmodetest.moc"

@@ -1,5 +1,7 @@
 #include "os/specialfolders.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QDir>
 #include <QRegularExpression>
 #include <QTemporaryDir>
@@ -265,5 +267,5 @@ void SpecialFoldersTest::noFolderIsCreated()
     QVERIFY(QDir(folder.path()).isEmpty(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot));
 }
 
-QTEST_APPLESS_MAIN(SpecialFoldersTest)
+REGISTER_TEST(SpecialFoldersTest, TestSupport::NoApplication)
 #include "specialfolderstest.moc"

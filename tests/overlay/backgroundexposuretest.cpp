@@ -7,7 +7,9 @@
 #include "tests/desktop/harness/eventually.h"
 #include "tests/desktop/harness/screen.h"
 #include "tests/desktop/harness/xconnection.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QRegularExpression>
@@ -308,5 +310,5 @@ void BackgroundExposureTest::whatIsDrawnElsewhereIsOpaque()
     QCOMPARE(target.pixelColor(0, 0), QColor(Qt::yellow));
 }
 
-QTEST_MAIN(BackgroundExposureTest)
+REGISTER_TEST(BackgroundExposureTest, QApplication)
 #include "backgroundexposuretest.moc"

@@ -3,8 +3,10 @@
 
 #include "tests/desktop/harness/backdrop.h"
 #include "tests/desktop/harness/xconnection.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/windowprobe.h"
 
+#include <QApplication>
 #include <QGuiApplication>
 #include <QPainter>
 #include <QRegularExpression>
@@ -193,5 +195,5 @@ void EnginePictureTest::aResizedFrameTakesANewPicture()
     QCOMPARE(pixels(*frame.background()), expected);
 }
 
-QTEST_MAIN(EnginePictureTest)
+REGISTER_TEST(EnginePictureTest, QApplication)
 #include "enginepicturetest.moc"

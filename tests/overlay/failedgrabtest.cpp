@@ -1,5 +1,7 @@
 #include "overlay/transparentframe.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QTest>
@@ -66,5 +68,5 @@ void FailedGrabTest::aResizeFailsAgain()
     QTRY_VERIFY(frame.background()->isNull());
 }
 
-QTEST_MAIN(FailedGrabTest)
+REGISTER_TEST(FailedGrabTest, QApplication)
 #include "failedgrabtest.moc"

@@ -1,7 +1,9 @@
 #include "overlay/frameenginert.h"
 
 #include "overlay/transparentframe.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <QRegularExpression>
@@ -143,5 +145,5 @@ void FrameEngineRTTest::alphaIsNotUpdated()
     QCOMPARE(engine.background(), nullptr);
 }
 
-QTEST_MAIN(FrameEngineRTTest)
+REGISTER_TEST(FrameEngineRTTest, QApplication)
 #include "frameenginerttest.moc"

@@ -1,7 +1,9 @@
 #include "overlay/frameenginess.h"
 
 #include "overlay/transparentframe.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QImage>
 #include <QPainter>
 #include <QRegularExpression>
@@ -351,5 +353,5 @@ void FrameEngineSSTest::thePainterIsGivenBackAsItWas()
     QVERIFY(painter.transform().isIdentity());
 }
 
-QTEST_MAIN(FrameEngineSSTest)
+REGISTER_TEST(FrameEngineSSTest, QApplication)
 #include "frameenginesstest.moc"

@@ -1,5 +1,7 @@
 #include "overlay/keynames.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QMap>
 #include <QMetaEnum>
 #include <QRegularExpression>
@@ -147,5 +149,5 @@ void KeyNamesTest::aKeyThatIsEasilyMistakenHasItsName()
     QTEST(name, "name");
 }
 
-QTEST_APPLESS_MAIN(KeyNamesTest)
+REGISTER_TEST(KeyNamesTest, TestSupport::NoApplication)
 #include "keynamestest.moc"

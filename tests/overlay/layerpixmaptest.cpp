@@ -1,5 +1,8 @@
 #include "overlay/layerpixmap.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QApplication>
 #include <QFile>
 #include <QImage>
 #include <QPainter>
@@ -131,5 +134,5 @@ void LayerPixmapTest::anEmptyLayerIsNull()
     QVERIFY(layerPixmap({10, 0}, 1.0, Qt::transparent).isNull());
 }
 
-QTEST_MAIN(LayerPixmapTest)
+REGISTER_TEST(LayerPixmapTest, QApplication)
 #include "layerpixmaptest.moc"

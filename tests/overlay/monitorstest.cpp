@@ -4,6 +4,7 @@
 
 #include "tests/desktop/harness/backdrop.h"
 #include "tests/desktop/harness/xconnection.h"
+#include "tests/support/testprogram.h"
 
 #include <QApplication>
 #include <QCursor>
@@ -34,6 +35,28 @@ bool setMonitor(const QString& name, const QRect& place, const QString& output)
                                  .arg(place.y());
     return QProcess::execute("xrandr", {"--setmonitor", name, geometry, output}) == 0;
 }
+
+/// Divides the screen before Qt looks at it.
+class TwoScreens {
+public:
+    TwoScreens()
+    {
+        if (!setMonitor("left", left, "screen") || !setMonitor("right", right, "none"))
+            qFatal("The server's screen cannot be divided.");
+    }
+
+private:
+    /// The server forgets its monitors when its last client leaves.
+    const XConnection staying{qgetenv("DISPLAY")};
+};
+
+class ApplicationOnTwoScreens : TwoScreens, public QApplication {
+public:
+    ApplicationOnTwoScreens(int& argc, char** argv)
+        : QApplication(argc, argv)
+    {
+    }
+};
 
 QImage pixels(const QPixmap& picture)
 {
@@ -254,15 +277,5 @@ void MonitorsTest::onTheSecondScreenTheWholeDesktopIsShownFromItsCorner()
     QCOMPARE(pixels(seen), desktop.copy(QRect(QPoint(0, 0), size)));
 }
 
-int main(int argc, char** argv)
-{
-    // Before the toolkit looks at the screens. The server forgets them when its last client leaves.
-    const XConnection staying(qgetenv("DISPLAY"));
-    if (!setMonitor("left", left, "screen") || !setMonitor("right", right, "none"))
-        return EXIT_FAILURE;
-    const QApplication application(argc, argv);
-    MonitorsTest test;
-    return QTest::qExec(&test, argc, argv);
-}
-
+REGISTER_TEST(MonitorsTest, ApplicationOnTwoScreens)
 #include "monitorstest.moc"

@@ -3,10 +3,12 @@
 #include "overlay/windowutils.h"
 
 #include "tests/desktop/harness/pointer.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/windowmanagerstub.h"
 #include "tests/support/windowprobe.h"
 #include "tests/support/windowwatch.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QRegularExpression>
 #include <QTest>
@@ -612,5 +614,5 @@ void NativeWindowTest::theWindowIsRaised()
     QVERIFY(!watch.events().contains("unmapped"));
 }
 
-QTEST_MAIN(NativeWindowTest)
+REGISTER_TEST(NativeWindowTest, QApplication)
 #include "nativewindowtest.moc"

@@ -3,7 +3,9 @@
 #include "tests/desktop/harness/pointer.h"
 #include "tests/desktop/harness/xconnection.h"
 #include "tests/support/reportcount.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QRegularExpression>
 #include <QTest>
@@ -86,5 +88,5 @@ void PointerReportsTest::aFrameWithANewNativeWindowIsToldOnceToo()
     expectOneReportEach(frame);
 }
 
-QTEST_MAIN(PointerReportsTest)
+REGISTER_TEST(PointerReportsTest, QApplication)
 #include "pointerreportstest.moc"

@@ -1,5 +1,8 @@
 #include "overlay/transparentframe.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QApplication>
 #include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPainter>
@@ -408,5 +411,5 @@ void TransparentFrameTest::theBaseFrameDrawsNothing()
     QVERIFY(!QGuiApplication::overrideCursor());
 }
 
-QTEST_MAIN(TransparentFrameTest)
+REGISTER_TEST(TransparentFrameTest, QApplication)
 #include "transparentframetest.moc"

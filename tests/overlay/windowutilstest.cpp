@@ -1,5 +1,8 @@
 #include "overlay/windowutils.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QApplication>
 #include <QCursor>
 #include <QRegularExpression>
 #include <QTest>
@@ -138,5 +141,5 @@ void WindowUtilsTest::theMouseIsOnTheOnlyScreen()
     QCOMPARE(Utils::findScreenHoldingMouse(), 0);
 }
 
-QTEST_MAIN(WindowUtilsTest)
+REGISTER_TEST(WindowUtilsTest, QApplication)
 #include "windowutilstest.moc"

@@ -1,6 +1,8 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRandomGenerator>
 #include <QRegularExpression>
 #include <QTest>
@@ -547,5 +549,5 @@ void FreehandTest::withoutItsBackgroundTheStrokeBringsItsOwn()
     QVERIFY(canvas.frame.getDrawBack());
 }
 
-QTEST_MAIN(FreehandTest)
+REGISTER_TEST(FreehandTest, QApplication)
 #include "freehandtest.moc"

@@ -2,7 +2,9 @@
 
 #include "pen/primitives.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QTest>
@@ -328,5 +330,5 @@ void InkLayerTest::aNewStyleWaitsForTheNextPress()
     QCOMPARE(board.at(80, 70).alpha(), 0);
 }
 
-QTEST_MAIN(InkLayerTest)
+REGISTER_TEST(InkLayerTest, QApplication)
 #include "inklayertest.moc"

@@ -5,7 +5,9 @@
 #include "tests/support/images.h"
 #include "tests/support/input.h"
 #include "tests/support/offscreenwarnings.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QPointer>
 #include <QRegularExpression>
 #include <QScreen>
@@ -99,5 +101,5 @@ void LaunchTest::escapeEndsTheProgram()
     QCOMPARE(status, 0);
 }
 
-QTEST_MAIN(LaunchTest)
+REGISTER_TEST(LaunchTest, QApplication)
 #include "launchtest.moc"

@@ -2,7 +2,9 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
 #include "tests/support/images.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QBitmap>
 #include <QRegularExpression>
 #include <QTest>
@@ -209,5 +211,5 @@ void PenCursorTest::withoutImagesThePenStillDraws()
     QCOMPARE(canvas.inPicture(75, 50), QColor(Qt::blue));
 }
 
-QTEST_MAIN(PenCursorTest)
+REGISTER_TEST(PenCursorTest, QApplication)
 #include "pencursortest.moc"

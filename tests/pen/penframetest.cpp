@@ -1,7 +1,9 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
 #include "tests/support/metamethods.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QTest>
@@ -255,5 +257,5 @@ void PenFrameTest::aFailedPictureIsHarmless()
     QVERIFY(canvas.frame.background()->isNull());
 }
 
-QTEST_MAIN(PenFrameTest)
+REGISTER_TEST(PenFrameTest, QApplication)
 #include "penframetest.moc"

@@ -7,9 +7,11 @@
 #include "tests/support/cursorstack.h"
 #include "tests/support/metamethods.h"
 #include "tests/support/offscreenwarnings.h"
+#include "tests/support/testprogram.h"
 
 #include <QAbstractButton>
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QPropertyAnimation>
 #include <QRegularExpression>
 #include <QTest>
@@ -538,5 +540,5 @@ void PenToolbarTest::eachOfItsBoxesHasAnAccessibleName()
     QCOMPARE(tool.palette.colorComboBox->accessibleName(), QString("Color"));
 }
 
-QTEST_MAIN(PenToolbarTest)
+REGISTER_TEST(PenToolbarTest, QApplication)
 #include "pentoolbartest.moc"

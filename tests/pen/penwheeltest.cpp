@@ -2,7 +2,9 @@
 #include "pen/pentoolbar.h"
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -159,5 +161,5 @@ void PenWheelTest::anotherPaletteIsLeftAlone()
     QCOMPARE(pen.frame.penColor(), QColor(Qt::red));
 }
 
-QTEST_MAIN(PenWheelTest)
+REGISTER_TEST(PenWheelTest, QApplication)
 #include "penwheeltest.moc"

@@ -1,7 +1,9 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
 #include "tests/support/paintrecorder.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegion>
 #include <QRegularExpression>
 #include <QTest>
@@ -310,5 +312,5 @@ void RepaintRegionsTest::aReleasePaintsTheMovesBeforeIt()
     QVERIFY(covers(recorder.region, QRect(195, 45, 10, 160)));
 }
 
-QTEST_MAIN(RepaintRegionsTest)
+REGISTER_TEST(RepaintRegionsTest, QApplication)
 #include "repaintregionstest.moc"

@@ -4,7 +4,9 @@
 #include "tests/support/images.h"
 #include "tests/support/input.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QPropertyAnimation>
 #include <QRandomGenerator>
 #include <QRegularExpression>
@@ -325,5 +327,5 @@ void ScreenPixelsTest::whoDrawsOutsideOfWhatItTellsIsNamed()
     frame.repaintWhole();
 }
 
-QTEST_MAIN(ScreenPixelsTest)
+REGISTER_TEST(ScreenPixelsTest, QApplication)
 #include "screenpixelstest.moc"

@@ -3,7 +3,9 @@
 #include "pen/pentoolbar.h"
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QPushButton>
@@ -394,5 +396,5 @@ void ShapeChooserTest::aModeWithoutAButtonLeavesTheButtonsAlone()
     QCOMPARE(tool.canvas.frame.penStyle(), 77);
 }
 
-QTEST_MAIN(ShapeChooserTest)
+REGISTER_TEST(ShapeChooserTest, QApplication)
 #include "shapechoosertest.moc"

@@ -1,6 +1,8 @@
 #include "tests/pen/canvas.h"
 #include "tests/support/cursorstack.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QPainter>
 #include <QRegularExpression>
 #include <QTest>
@@ -329,5 +331,5 @@ void ShapesTest::anUnknownStyleDrawsALineInsideTheShapesBox()
     QCOMPARE(TestSupport::differingBox(canvas.screen(), canvas.picture()), QRect());
 }
 
-QTEST_MAIN(ShapesTest)
+REGISTER_TEST(ShapesTest, QApplication)
 #include "shapestest.moc"

@@ -1,6 +1,8 @@
 #include "pen/sizeicon.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -117,5 +119,5 @@ void SizeIconTest::iconsHaveThePixelsOfTheScreen()
     QCOMPARE(squareIcon(QRect(8, 8, 15, 15), 2).availableSizes(), QList<QSize>({QSize(64, 64)}));
 }
 
-QTEST_MAIN(SizeIconTest)
+REGISTER_TEST(SizeIconTest, QApplication)
 #include "sizeicontest.moc"

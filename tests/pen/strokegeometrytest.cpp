@@ -1,5 +1,8 @@
 #include "pen/strokegeometry.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -141,5 +144,5 @@ void StrokeGeometryTest::aShapesBoxSpansBothPoints()
     QTEST(result, "box");
 }
 
-QTEST_GUILESS_MAIN(StrokeGeometryTest)
+REGISTER_TEST(StrokeGeometryTest, QCoreApplication)
 #include "strokegeometrytest.moc"

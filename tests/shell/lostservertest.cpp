@@ -1,5 +1,7 @@
 #include "shell/lostserver.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QTest>
 
 #include <csignal>
@@ -80,5 +82,5 @@ void LostServerTest::anyOtherFaultIsNotHidden()
     QCOMPARE(statusOf(fault, false), byAction);
 }
 
-QTEST_APPLESS_MAIN(LostServerTest)
+REGISTER_TEST(LostServerTest, TestSupport::NoApplication)
 #include "lostservertest.moc"

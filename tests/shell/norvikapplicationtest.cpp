@@ -3,6 +3,7 @@
 #include "tests/desktop/harness/childprocess.h"
 #include "tests/desktop/harness/eventually.h"
 #include "tests/desktop/harness/home.h"
+#include "tests/support/testprogram.h"
 
 #include <QDir>
 #include <QFile>
@@ -67,7 +68,7 @@ Command probe(const Home& home, const QByteArray& argument = {})
 {
     Environment environment = home.environment({});
     environment.insert("QT_QPA_PLATFORM", "offscreen");
-    return {.program = PROBE, .arguments = {argument}, .environment = environment};
+    return {.program = SIGNAL_PROBE, .arguments = {argument}, .environment = environment};
 }
 
 constexpr int killedBy(int signal)
@@ -451,5 +452,5 @@ void NorvikApplicationTest::twoProgramsRunSideBySide()
     EVENTUALLY_COMPARE(first.status(), 0);
 }
 
-QTEST_APPLESS_MAIN(NorvikApplicationTest)
+REGISTER_TEST(NorvikApplicationTest, TestSupport::NoApplication)
 #include "norvikapplicationtest.moc"

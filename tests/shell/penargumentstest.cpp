@@ -1,5 +1,7 @@
 #include "shell/penarguments.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QRegularExpression>
 #include <QTest>
 
@@ -196,5 +198,5 @@ void PenArgumentsTest::aColourOutOfRangeIsInvalid()
     QCOMPARE(color.rgba(), qRgba(0, 0, 0, 255));
 }
 
-QTEST_APPLESS_MAIN(PenArgumentsTest)
+REGISTER_TEST(PenArgumentsTest, TestSupport::NoApplication)
 #include "penargumentstest.moc"

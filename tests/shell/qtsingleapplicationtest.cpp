@@ -1,5 +1,7 @@
 #include "shell/qtsingleapplication.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QRegularExpression>
 #include <QTest>
 #include <QWidget>
@@ -87,5 +89,5 @@ void QtSingleApplicationTest::windowsWorkWhateverTheFlagSays()
     QCOMPARE(qApp, &application);
 }
 
-QTEST_APPLESS_MAIN(QtSingleApplicationTest)
+REGISTER_TEST(QtSingleApplicationTest, TestSupport::NoApplication)
 #include "qtsingleapplicationtest.moc"

@@ -1,5 +1,7 @@
 #include "shell/resourcefile.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QFile>
 #include <QRegularExpression>
 #include <QTest>
@@ -82,5 +84,5 @@ void ResourceFileTest::whatIsNoResourceFileIsNot()
     QVERIFY(!isWholeResourceFile(path));
 }
 
-QTEST_APPLESS_MAIN(ResourceFileTest)
+REGISTER_TEST(ResourceFileTest, TestSupport::NoApplication)
 #include "resourcefiletest.moc"

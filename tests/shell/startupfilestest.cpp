@@ -2,7 +2,9 @@
 #include "tests/desktop/harness/eventually.h"
 #include "tests/desktop/harness/home.h"
 #include "tests/shell/translationfile.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QDirIterator>
 #include <QFileInfo>
@@ -41,7 +43,7 @@ public:
     {
         for (const char* folder : {"program", "toolkit/data", "toolkit/translations"})
             QDir(top.path()).mkpath(folder);
-        QFile::copy(PROBE, program());
+        QFile::copy(STARTUP_PROBE, program());
         write("program/qt.conf",
               "[Paths]\nPrefix=../toolkit\nData=data\nTranslations=translations\nPlugins="
                   + QLibraryInfo::path(QLibraryInfo::PluginsPath).toUtf8() + '\n');
@@ -409,5 +411,5 @@ void StartupFilesTest::theSettingsNameTheApplication()
              QFileInfo(installation->path("program")).canonicalFilePath());
 }
 
-QTEST_GUILESS_MAIN(StartupFilesTest)
+REGISTER_TEST(StartupFilesTest, QCoreApplication)
 #include "startupfilestest.moc"

@@ -5,11 +5,12 @@
 
 namespace TestSupport {
 
-/// The program's images, there for as long as the object lives.
+/// The images of a resource file, there for as long as the object lives; by default the program's.
 class Images {
 public:
-    Images()
-        : registered(QResource::registerResource(file))
+    explicit Images(const QString& resourceFile = QStringLiteral(KORVEL_IMAGES))
+        : file(resourceFile)
+        , registered(QResource::registerResource(resourceFile))
     {
     }
     ~Images()
@@ -24,7 +25,7 @@ public:
     [[nodiscard]] bool areThere() const { return registered; }
 
 private:
-    inline static const QString file = QStringLiteral(KORVEL_IMAGES);
+    QString file;
     bool registered;
 };
 

@@ -1,7 +1,9 @@
 #include "windowsystem/windowsystem.h"
 
 #include "tests/desktop/harness/xconnection.h"
+#include "tests/support/testprogram.h"
 
+#include <QGuiApplication>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
@@ -138,5 +140,5 @@ void CompositorTest::otherSelectionsAreNoneOfIts()
     QTRY_COMPARE(ended.count(), 1);
 }
 
-QTEST_MAIN(CompositorTest)
+REGISTER_TEST(CompositorTest, QGuiApplication)
 #include "compositortest.moc"

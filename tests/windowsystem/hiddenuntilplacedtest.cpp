@@ -2,9 +2,11 @@
 
 #include "windowsystem/x11/x11window.h"
 
+#include "tests/support/testprogram.h"
 #include "tests/support/windowmanagerstub.h"
 #include "tests/support/windowprobe.h"
 
+#include <QGuiApplication>
 #include <QRegularExpression>
 #include <QTest>
 #include <QWindow>
@@ -169,5 +171,5 @@ void HiddenUntilPlacedTest::aWindowThatIsGoneIsForgotten()
     QVERIFY(QTest::qWaitForWindowExposed(other.get()));
 }
 
-QTEST_MAIN(HiddenUntilPlacedTest)
+REGISTER_TEST(HiddenUntilPlacedTest, QGuiApplication)
 #include "hiddenuntilplacedtest.moc"

@@ -2,9 +2,11 @@
 
 #include "tests/desktop/harness/pointer.h"
 #include "tests/support/reportcount.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/windowprobe.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QRegularExpression>
 #include <QTest>
@@ -127,5 +129,5 @@ void MasterDevicesTest::aWindowThatIsGoneIsNoHarm()
     finishToolkitRequests();
 }
 
-QTEST_MAIN(MasterDevicesTest)
+REGISTER_TEST(MasterDevicesTest, QGuiApplication)
 #include "masterdevicestest.moc"

@@ -1,8 +1,10 @@
 #include "windowsystem/x11/reportedposition.h"
 
+#include "tests/support/testprogram.h"
 #include "tests/support/windowmanagerstub.h"
 #include "tests/support/windowprobe.h"
 
+#include <QGuiApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -206,5 +208,5 @@ void ReportedPositionTest::anotherWindowIsLeftAlone()
     QCOMPARE(reported->geometry(), Place);
 }
 
-QTEST_MAIN(ReportedPositionTest)
+REGISTER_TEST(ReportedPositionTest, QGuiApplication)
 #include "reportedpositiontest.moc"

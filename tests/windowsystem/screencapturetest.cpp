@@ -1,5 +1,6 @@
 #include "windowsystem/x11/x11screencapture.h"
 
+#include "tests/support/testprogram.h"
 #include "tests/desktop/harness/backdrop.h"
 #include "tests/desktop/harness/clientwindow.h"
 #include "tests/desktop/harness/screen.h"
@@ -347,5 +348,5 @@ void ScreenCaptureTest::aWindowOfAnotherDepthIsLeftAlone()
     finishToolkitRequests();
 }
 
-QTEST_MAIN(ScreenCaptureTest)
+REGISTER_TEST(ScreenCaptureTest, QGuiApplication)
 #include "screencapturetest.moc"

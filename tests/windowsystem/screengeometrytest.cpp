@@ -1,5 +1,7 @@
 #include "windowsystem/screengeometry.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QRegularExpression>
 #include <QTest>
 
@@ -170,5 +172,5 @@ void ScreenGeometryTest::aScreenIsOneOfTheMonitors()
     QCOMPARE(found.value_or(QRect()), place);
 }
 
-QTEST_APPLESS_MAIN(ScreenGeometryTest)
+REGISTER_TEST(ScreenGeometryTest, QCoreApplication)
 #include "screengeometrytest.moc"

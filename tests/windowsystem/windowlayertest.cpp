@@ -1,5 +1,7 @@
 #include "windowsystem/x11/windowlayer.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QRegularExpression>
 #include <QTest>
 
@@ -77,5 +79,5 @@ void WindowLayerTest::fluxboxMovesNewWindows()
     QVERIFY(!movesNewWindows(QByteArray()));
 }
 
-QTEST_APPLESS_MAIN(WindowLayerTest)
+REGISTER_TEST(WindowLayerTest, TestSupport::NoApplication)
 #include "windowlayertest.moc"

@@ -2,6 +2,8 @@
 
 #include "windowsystem/none/nowindowsystem.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QGuiApplication>
 #include <QPointer>
 #include <QRegularExpression>
@@ -61,5 +63,5 @@ void WindowSystemTest::anotherTakesItsPlace()
     QVERIFY(className(WindowSystem::ofSession()).contains("OtherWindowSystem"));
 }
 
-QTEST_MAIN(WindowSystemTest)
+REGISTER_TEST(WindowSystemTest, QApplication)
 #include "windowsystemtest.moc"

@@ -1,5 +1,8 @@
 #include "windowsystem/x11/monitors.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QGuiApplication>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
@@ -38,5 +41,5 @@ void X11MonitorsTest::aChangeIsNoticed()
     QTRY_COMPARE(monitors(), QList<QRect>{QRect(0, 0, 640, 480)});
 }
 
-QTEST_MAIN(X11MonitorsTest)
+REGISTER_TEST(X11MonitorsTest, QGuiApplication)
 #include "x11monitorstest.moc"

@@ -1,15 +1,17 @@
 #include "windowsystem/x11/x11window.h"
 
+#include "tests/support/testprogram.h"
 #include "tests/support/windowmanagerstub.h"
 #include "tests/support/windowprobe.h"
 #include "tests/support/windowwatch.h"
 
+#include <QGuiApplication>
 #include <QRegularExpression>
 #include <QTest>
 #include <QWindow>
 
-using namespace osUtils;
-using osUtils::System::WindowLayer;
+using namespace Windowing;
+using Windowing::X11::WindowLayer;
 
 namespace {
 
@@ -397,5 +399,5 @@ void X11WindowTest::aWindowThatIsGoneIsNotReported()
     QVERIFY(!X11::isMappedWithFrames(window));
 }
 
-QTEST_MAIN(X11WindowTest)
+REGISTER_TEST(X11WindowTest, QGuiApplication)
 #include "x11windowtest.moc"

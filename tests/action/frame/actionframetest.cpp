@@ -6,7 +6,9 @@
 #include "tests/support/metamethods.h"
 #include "tests/support/offscreenwarnings.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QPaintEvent>
 #include <QRegularExpression>
@@ -573,5 +575,5 @@ void ActionFrameTest::closedByTheWindowManagerTheProgramEnds()
     QCOMPARE(status, 0);
 }
 
-QTEST_MAIN(ActionFrameTest)
+REGISTER_TEST(ActionFrameTest, QApplication)
 #include "actionframetest.moc"

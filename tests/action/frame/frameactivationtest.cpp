@@ -1,7 +1,9 @@
 #include "tests/action/probes.h"
 #include "tests/support/eventloop.h"
 #include "tests/support/paintrecorder.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QScreen>
@@ -119,5 +121,5 @@ void FrameActivationTest::theKeyboardsComingAndGoingRepaintsNothing()
     QApplication::setPalette(usual);
 }
 
-QTEST_MAIN(FrameActivationTest)
+REGISTER_TEST(FrameActivationTest, QApplication)
 #include "frameactivationtest.moc"

@@ -1,6 +1,8 @@
 #include "action/frame/quitguard.h"
 #include "tests/support/eventloop.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -95,5 +97,5 @@ void QuitGuardTest::anApplicationIsGuardedOnce()
     QCOMPARE(qApp->findChildren<QuitGuard*>(QString(), Qt::FindDirectChildrenOnly).size(), 1);
 }
 
-QTEST_GUILESS_MAIN(QuitGuardTest)
+REGISTER_TEST(QuitGuardTest, QCoreApplication)
 #include "quitguardtest.moc"

@@ -1,6 +1,8 @@
 #include "tests/action/probes.h"
 #include "tests/support/paintrecorder.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QMouseEvent>
 #include <QRegularExpression>
 #include <QTest>
@@ -221,5 +223,5 @@ void RepaintMovesTest::manyRegionsArePaintedAsOne()
     QCOMPARE(recorder->paints, 2);
 }
 
-QTEST_MAIN(RepaintMovesTest)
+REGISTER_TEST(RepaintMovesTest, QApplication)
 #include "repaintmovestest.moc"

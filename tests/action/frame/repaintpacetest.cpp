@@ -1,5 +1,8 @@
 #include "action/frame/repaintpace.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QCoreApplication>
 #include <QTest>
 
 using VcAction::Frame::RepaintPace;
@@ -78,5 +81,5 @@ void RepaintPaceTest::withoutMovesNothingHappens()
     QCOMPARE(preparations, 0);
 }
 
-QTEST_GUILESS_MAIN(RepaintPaceTest)
+REGISTER_TEST(RepaintPaceTest, QCoreApplication)
 #include "repaintpacetest.moc"

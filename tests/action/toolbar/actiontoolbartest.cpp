@@ -10,7 +10,9 @@
 #include "tests/support/input.h"
 #include "tests/support/metamethods.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -349,5 +351,5 @@ void ActionToolbarTest::otherKeysDoNothing()
     QVERIFY(!accepted);
 }
 
-QTEST_MAIN(ActionToolbarTest)
+REGISTER_TEST(ActionToolbarTest, QApplication)
 #include "actiontoolbartest.moc"

@@ -1,6 +1,8 @@
 #include "action/toolbar/fadeanimation.h"
 #include "tests/action/probes.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
@@ -110,5 +112,5 @@ void FadeAnimationTest::itOutlivesItsPalette()
     QTRY_COMPARE(fade.state(), QAbstractAnimation::Stopped);
 }
 
-QTEST_MAIN(FadeAnimationTest)
+REGISTER_TEST(FadeAnimationTest, QApplication)
 #include "fadeanimationtest.moc"

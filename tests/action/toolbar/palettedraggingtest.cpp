@@ -3,7 +3,9 @@
 #include "tests/support/cursorstack.h"
 #include "tests/support/images.h"
 #include "tests/support/input.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -228,5 +230,5 @@ void PaletteDraggingTest::theWheelOverThePaletteDoesNotReachTheFrame()
     QCOMPARE(placed.frame.wheelTurns, 0);
 }
 
-QTEST_MAIN(PaletteDraggingTest)
+REGISTER_TEST(PaletteDraggingTest, QApplication)
 #include "palettedraggingtest.moc"

@@ -3,7 +3,9 @@
 #include "tests/support/input.h"
 #include "tests/support/offscreenwarnings.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QComboBox>
 #include <QPainter>
 #include <QRegularExpression>
@@ -442,5 +444,5 @@ void PaletteFadingTest::aPaletteWithoutAFrameFades()
     QVERIFY(palette.isFading());
 }
 
-QTEST_MAIN(PaletteFadingTest)
+REGISTER_TEST(PaletteFadingTest, QApplication)
 #include "palettefadingtest.moc"

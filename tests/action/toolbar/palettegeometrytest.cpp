@@ -1,5 +1,8 @@
 #include "action/toolbar/palettegeometry.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -148,5 +151,5 @@ void PaletteGeometryTest::thePaletteLiesInTheFramesBottomRightCorner()
     QTEST(result, "corner");
 }
 
-QTEST_GUILESS_MAIN(PaletteGeometryTest)
+REGISTER_TEST(PaletteGeometryTest, QCoreApplication)
 #include "palettegeometrytest.moc"

@@ -8,7 +8,9 @@
 #include "tests/support/input.h"
 #include "tests/support/offscreenwarnings.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QStyleFactory>
@@ -315,5 +317,5 @@ void PaletteLookTest::everythingHasAnAccessibleName()
     QCOMPARE(palette.closeButton->accessibleName(), QString("Close"));
 }
 
-QTEST_MAIN(PaletteLookTest)
+REGISTER_TEST(PaletteLookTest, QApplication)
 #include "palettelooktest.moc"

@@ -4,7 +4,9 @@
 #include "tests/support/images.h"
 #include "tests/support/input.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -303,5 +305,5 @@ void PaletteShutterTest::aPressOnTheHandleButtonDragsNothing()
     QCOMPARE(palette.pos(), before);
 }
 
-QTEST_MAIN(PaletteShutterTest)
+REGISTER_TEST(PaletteShutterTest, QApplication)
 #include "paletteshuttertest.moc"

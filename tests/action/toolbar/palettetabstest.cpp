@@ -3,8 +3,11 @@
 #include "action/widget/vctabholder.h"
 #include "tests/action/probes.h"
 #include "tests/action/widget/expectedsheets.h"
+#include "tests/support/images.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QFrame>
 #include <QRegularExpression>
 #include <QTest>
@@ -60,6 +63,9 @@ private slots:
     void aDerivedPaletteMayMakeItsOwnImage();
     void theTabWidthReachesTheTabsAndTheImage();
     void anotherTabWidthMakesTheImageAStripTooLow();
+
+private:
+    const Images strip{QStringLiteral(TAB_STRIP)};
 };
 
 void PaletteTabsTest::theFirstTabMakesThePaletteTaller()
@@ -247,5 +253,5 @@ void PaletteTabsTest::anotherTabWidthMakesTheImageAStripTooLow()
     QCOMPARE(palette.imageSizes.last(), QSize(401, 113));
 }
 
-QTEST_MAIN(PaletteTabsTest)
+REGISTER_TEST(PaletteTabsTest, QApplication)
 #include "palettetabstest.moc"

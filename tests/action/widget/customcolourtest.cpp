@@ -2,6 +2,7 @@
 #include "tests/action/probes.h"
 #include "tests/support/offscreenwarnings.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
 #include <QApplication>
 #include <QColorDialog>
@@ -372,5 +373,5 @@ void CustomColourTest::theKeyboardIsBackAfterTheDialog()
     QTRY_COMPARE(QApplication::activeWindow(), &two.frame);
 }
 
-QTEST_MAIN(CustomColourTest)
+REGISTER_TEST(CustomColourTest, QApplication)
 #include "customcolourtest.moc"

@@ -1,5 +1,8 @@
 #include "action/widget/densesheet.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -43,5 +46,5 @@ void DenseSheetTest::cutsGrowWithTheImage()
     QCOMPARE(StyleSheets::forDensity(sheet, ratio), expected);
 }
 
-QTEST_GUILESS_MAIN(DenseSheetTest)
+REGISTER_TEST(DenseSheetTest, QCoreApplication)
 #include "densesheettest.moc"

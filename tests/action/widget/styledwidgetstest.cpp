@@ -9,8 +9,10 @@
 #include "tests/support/images.h"
 #include "tests/support/metamethods.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QRegularExpression>
 #include <QTabBar>
 #include <QTest>
@@ -299,5 +301,5 @@ void StyledWidgetsTest::aBoxesCornersAreThoseOfTheImage()
     QCOMPARE(plain(painted), plain(image.copy(corner)));
 }
 
-QTEST_MAIN(StyledWidgetsTest)
+REGISTER_TEST(StyledWidgetsTest, QApplication)
 #include "styledwidgetstest.moc"

@@ -1,6 +1,8 @@
 #include "action/widget/stylesheets.h"
 #include "tests/action/widget/expectedsheets.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -64,5 +66,5 @@ void StyleSheetsTest::onlyTheTabsWidthChangesInTheTabHoldersSheet()
     QCOMPARE(sheet, expected);
 }
 
-QTEST_GUILESS_MAIN(StyleSheetsTest)
+REGISTER_TEST(StyleSheetsTest, QCoreApplication)
 #include "stylesheetstest.moc"

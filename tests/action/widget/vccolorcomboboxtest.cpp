@@ -5,7 +5,9 @@
 #include "tests/support/input.h"
 #include "tests/support/metamethods.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
+#include <QApplication>
 #include <QRegularExpression>
 #include <QSignalSpy>
 #include <QTest>
@@ -365,5 +367,5 @@ void VcColorComboBoxTest::theWheelStepsThroughTheColours()
     QCOMPARE(three.parent.turns, 0);
 }
 
-QTEST_MAIN(VcColorComboBoxTest)
+REGISTER_TEST(VcColorComboBoxTest, QApplication)
 #include "vccolorcomboboxtest.moc"

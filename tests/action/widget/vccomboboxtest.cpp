@@ -2,8 +2,10 @@
 #include "tests/support/images.h"
 #include "tests/support/offscreenwarnings.h"
 #include "tests/support/pixels.h"
+#include "tests/support/testprogram.h"
 
 #include <QAbstractItemView>
+#include <QApplication>
 #include <QRegularExpression>
 #include <QStyleFactory>
 #include <QTest>
@@ -285,5 +287,5 @@ void VcComboBoxTest::theListIsCalledWhatTheBoxIs()
     QCOMPARE(in.box.view()->accessibleName(), QString("Size"));
 }
 
-QTEST_MAIN(VcComboBoxTest)
+REGISTER_TEST(VcComboBoxTest, QApplication)
 #include "vccomboboxtest.moc"

@@ -1,5 +1,8 @@
 #include "action/widget/wheelsteps.h"
 
+#include "tests/support/testprogram.h"
+
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QTest>
 #include <QWheelEvent>
@@ -98,5 +101,5 @@ void WheelStepsTest::wholeNotchesBecomeStepsAndTheRestRemains()
     QTEST(wheel.remainder, "left");
 }
 
-QTEST_GUILESS_MAIN(WheelStepsTest)
+REGISTER_TEST(WheelStepsTest, QCoreApplication)
 #include "wheelstepstest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/compositor.h"
 #include "tests/desktop/harness/desktoptest.h"
+#include "tests/support/testprogram.h"
 
 /// The board needs a compositor, and says so.
 class BoardCompositorTest : public DesktopTest {
@@ -61,5 +62,5 @@ void BoardCompositorTest::itLeavesWhenTheCompositorEnds()
     EVENTUALLY_COMPARE(desktop->screen.colourAt({600, 400}), QColor(Qt::white));
 }
 
-QTEST_GUILESS_MAIN(BoardCompositorTest)
+REGISTER_TEST(BoardCompositorTest, QCoreApplication)
 #include "boardcompositortest.moc"

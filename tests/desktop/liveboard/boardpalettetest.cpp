@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/liveboard/boardtest.h"
 #include "tests/desktop/liveboard/shapedrag.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -189,5 +190,5 @@ void BoardPaletteTest::itIsDraggedByItsHandle()
              left.width() * left.height() - covered.width() * covered.height());
 }
 
-QTEST_GUILESS_MAIN(BoardPaletteTest)
+REGISTER_TEST(BoardPaletteTest, QCoreApplication)
 #include "boardpalettetest.moc"

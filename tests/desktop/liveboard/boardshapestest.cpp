@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/liveboard/boardtest.h"
 #include "tests/desktop/liveboard/shapedrag.h"
+#include "tests/support/testprogram.h"
 
 /// Shapes drawn over the live desktop.
 class BoardShapesTest : public BoardTest {
@@ -120,5 +121,5 @@ void BoardShapesTest::aHalfTransparentStrokeThatCrossesItselfBlendsOnce()
     QVERIFY(isClose(colourAt({120, 200}), once));
 }
 
-QTEST_GUILESS_MAIN(BoardShapesTest)
+REGISTER_TEST(BoardShapesTest, QCoreApplication)
 #include "boardshapestest.moc"

@@ -1,6 +1,7 @@
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/harness/inputwatch.h"
 #include "tests/desktop/liveboard/boardtest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -154,5 +155,5 @@ void BoardShutterTest::openedAgainTheBoardEndsOnEscape()
     EVENTUALLY_COMPARE(program.status(), 0);
 }
 
-QTEST_GUILESS_MAIN(BoardShutterTest)
+REGISTER_TEST(BoardShutterTest, QCoreApplication)
 #include "boardshuttertest.moc"

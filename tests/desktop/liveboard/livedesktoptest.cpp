@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/windowbackground.h"
 #include "tests/desktop/liveboard/boardtest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -96,5 +97,5 @@ void LiveDesktopTest::afterwardsNothingIsLeft()
     EVENTUALLY_COMPARE(desktop->screen.grab(), before);
 }
 
-QTEST_GUILESS_MAIN(LiveDesktopTest)
+REGISTER_TEST(LiveDesktopTest, QCoreApplication)
 #include "livedesktoptest.moc"

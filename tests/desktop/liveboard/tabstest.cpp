@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/liveboard/boardtest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -105,5 +106,5 @@ void TabsTest::aFrameStartedWithoutRaisingLeavesTheKeyboardAlone()
     EVENTUALLY_COMPARE(program.status(), 0);
 }
 
-QTEST_GUILESS_MAIN(TabsTest)
+REGISTER_TEST(TabsTest, QCoreApplication)
 #include "tabstest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/panel.h"
 #include "tests/desktop/matrix/matrixtest.h"
+#include "tests/support/testprogram.h"
 
 /// The frame lies over everything, and what it shows is what was there, to the pixel.
 class CoveringTest : public MatrixTest {
@@ -127,5 +128,5 @@ void CoveringTest::aNewWindowStaysUnderTheFrame()
     QCOMPARE(difference(withoutPalette(settledPicture()), before), QRect());
 }
 
-QTEST_GUILESS_MAIN(CoveringTest)
+REGISTER_TEST(CoveringTest, QCoreApplication)
 #include "coveringtest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/poppedupmenu.h"
 #include "tests/desktop/matrix/matrixtest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -171,5 +172,5 @@ void KeyboardTest::anOpenMenuOfAnotherProgramKeepsItUntilItIsGone()
     EVENTUALLY_COMPARE(korvel.status(), 0);
 }
 
-QTEST_GUILESS_MAIN(KeyboardTest)
+REGISTER_TEST(KeyboardTest, QCoreApplication)
 #include "keyboardtest.moc"

@@ -1,4 +1,5 @@
 #include "tests/desktop/matrix/matrixtest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -124,5 +125,5 @@ void LeavingTest::theWindowManagerCanCloseTheFrame()
     EVENTUALLY_COMPARE(difference(desktop->screen.grab(), before), QRect());
 }
 
-QTEST_GUILESS_MAIN(LeavingTest)
+REGISTER_TEST(LeavingTest, QCoreApplication)
 #include "leavingtest.moc"

@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/inputwatch.h"
 #include "tests/desktop/matrix/matrixtest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -88,5 +89,5 @@ void PassThroughTest::theHandleOpensTheShutterAgain()
     EVENTUALLY_COMPARE(program.status(), 0);
 }
 
-QTEST_GUILESS_MAIN(PassThroughTest)
+REGISTER_TEST(PassThroughTest, QCoreApplication)
 #include "passthroughtest.moc"

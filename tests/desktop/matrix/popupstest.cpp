@@ -1,5 +1,6 @@
 #include "tests/desktop/harness/ink.h"
 #include "tests/desktop/matrix/matrixtest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -152,5 +153,5 @@ void PopupsTest::escapeClosesOnlyTheDialog()
     EVENTUALLY_COMPARE(korvel.status(), 0);
 }
 
-QTEST_GUILESS_MAIN(PopupsTest)
+REGISTER_TEST(PopupsTest, QCoreApplication)
 #include "popupstest.moc"

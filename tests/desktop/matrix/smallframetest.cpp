@@ -1,4 +1,5 @@
 #include "tests/desktop/matrix/matrixtest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -126,5 +127,5 @@ void SmallFrameTest::inTheNormalModePanelsAreSeenAgain()
     QCOMPARE(program.status(), ChildProcess::Running);
 }
 
-QTEST_GUILESS_MAIN(SmallFrameTest)
+REGISTER_TEST(SmallFrameTest, QCoreApplication)
 #include "smallframetest.moc"

@@ -1,4 +1,5 @@
 #include "tests/desktop/matrix/matrixtest.h"
+#include "tests/support/testprogram.h"
 
 #include <X11/keysym.h>
 
@@ -80,5 +81,5 @@ void VirtualDesktopsTest::theFrameIsBackWithItsDesktop()
     QCOMPARE(desktop->windows.currentDesktop(), 0);
 }
 
-QTEST_GUILESS_MAIN(VirtualDesktopsTest)
+REGISTER_TEST(VirtualDesktopsTest, QCoreApplication)
 #include "virtualdesktopstest.moc"

@@ -2,6 +2,7 @@
 
 #include "os/login/loginitems.h"
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -169,5 +170,5 @@ void ApplicationsTest::foldersThatHoldThemselvesEnd()
     QVERIFY(applicationPath(files, "x-a").ends_with("/x/a.desktop"));
 }
 
-QTEST_APPLESS_MAIN(ApplicationsTest)
+REGISTER_TEST(ApplicationsTest, TestSupport::NoApplication)
 #include "applicationstest.moc"

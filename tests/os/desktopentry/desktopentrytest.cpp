@@ -1,6 +1,7 @@
 #include "os/desktopentry/desktopentry.h"
 
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -269,5 +270,5 @@ void DesktopEntryTest::everyByteComesBackAsItWasWritten()
     QCOMPARE(copy->value("Path"), value);
 }
 
-QTEST_APPLESS_MAIN(DesktopEntryTest)
+REGISTER_TEST(DesktopEntryTest, TestSupport::NoApplication)
 #include "desktopentrytest.moc"

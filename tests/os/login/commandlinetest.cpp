@@ -1,6 +1,7 @@
 #include "os/login/commandline.h"
 
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -129,5 +130,5 @@ void CommandLineTest::onlyWhatAllStartersReadAlikeIsWritten()
     QTEST(execLine(words), "line");
 }
 
-QTEST_APPLESS_MAIN(CommandLineTest)
+REGISTER_TEST(CommandLineTest, TestSupport::NoApplication)
 #include "commandlinetest.moc"

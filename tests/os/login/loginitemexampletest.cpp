@@ -1,4 +1,5 @@
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -67,5 +68,5 @@ void LoginItemExampleTest::hiddenItemsAreForgotten()
     QCOMPARE(items->front().URL->path(), std::string("/bin/sh"));
 }
 
-QTEST_APPLESS_MAIN(LoginItemExampleTest)
+REGISTER_TEST(LoginItemExampleTest, TestSupport::NoApplication)
 #include "loginitemexampletest.moc"

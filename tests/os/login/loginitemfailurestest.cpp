@@ -3,6 +3,7 @@
 #include "tests/os/login/childprocess.h"
 #include "tests/os/login/listedpaths.h"
 #include "tests/os/login/systemcalls.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -468,5 +469,5 @@ void LoginItemFailuresTest::anyOneOfManyRemovesAnItem()
     QCOMPARE(listedPaths(), Paths{"/bin/true"});
 }
 
-QTEST_APPLESS_MAIN(LoginItemFailuresTest)
+REGISTER_TEST(LoginItemFailuresTest, TestSupport::NoApplication)
 #include "loginitemfailurestest.moc"

@@ -1,7 +1,9 @@
 #include "os/login/loginitems.h"
 #include "tests/os/desktopentry/session.h"
 #include "tests/os/login/listedpaths.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
@@ -283,5 +285,5 @@ void LoginItemStartersTest::anItemThatAnotherProgramEditsKeepsItsPlace()
     QVERIFY(allLoginItems()->at(0).Hidden);
 }
 
-QTEST_GUILESS_MAIN(LoginItemStartersTest)
+REGISTER_TEST(LoginItemStartersTest, QCoreApplication)
 #include "loginitemstarterstest.moc"

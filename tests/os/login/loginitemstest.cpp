@@ -2,6 +2,7 @@
 
 #include "tests/os/desktopentry/session.h"
 #include "tests/os/login/listedpaths.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -683,5 +684,5 @@ void LoginItemsTest::whatOthersAddToOurEntriesSurvives()
     QCOMPARE(listedPaths(), (Paths{"/bin/true", "/bin/sh"}));
 }
 
-QTEST_APPLESS_MAIN(LoginItemsTest)
+REGISTER_TEST(LoginItemsTest, TestSupport::NoApplication)
 #include "loginitemstest.moc"

@@ -1,6 +1,7 @@
 #include "os/login/loginitemurl.h"
 
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -151,5 +152,5 @@ void LoginItemUrlTest::aTextIsFoundWhateverItsCase()
     QCOMPARE(LoginItemUrl::fromRawText(path)->pathContains(text), isFound);
 }
 
-QTEST_APPLESS_MAIN(LoginItemUrlTest)
+REGISTER_TEST(LoginItemUrlTest, TestSupport::NoApplication)
 #include "loginitemurltest.moc"

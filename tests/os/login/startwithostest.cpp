@@ -3,7 +3,9 @@
 #include "os/login/loginitems.h"
 #include "tests/os/desktopentry/session.h"
 #include "tests/os/login/listedpaths.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
@@ -394,5 +396,5 @@ void StartWithOsTest::failuresAreReported()
     QCOMPARE(switched, asked + "Couldn't add login item error 20");
 }
 
-QTEST_GUILESS_MAIN(StartWithOsTest)
+REGISTER_TEST(StartWithOsTest, QCoreApplication)
 #include "startwithostest.moc"

@@ -1,5 +1,7 @@
 #include "os/process/applicationentry.h"
 
+#include "tests/support/testprogram.h"
+
 #include <QRegularExpression>
 #include <QTest>
 
@@ -74,5 +76,5 @@ void ApplicationEntryTest::aWindowBelongsToAnEntry()
     QTEST(entry ? QString::fromStdString(entry->id) : QString(""), "id");
 }
 
-QTEST_APPLESS_MAIN(ApplicationEntryTest)
+REGISTER_TEST(ApplicationEntryTest, TestSupport::NoApplication)
 #include "applicationentrytest.moc"

@@ -2,6 +2,7 @@
 
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/os/process/windowclients.h"
+#include "tests/support/testprogram.h"
 
 using osUtils::Process::getCurrentFocusProcess;
 using namespace TestSupport;
@@ -319,5 +320,5 @@ void FrontmostTest::theScreenThatTheDisplayNamesIsAsked()
     QCOMPARE(getCurrentFocusProcess(), isThere ? client.id() : nobody);
 }
 
-QTEST_GUILESS_MAIN(FrontmostTest)
+REGISTER_TEST(FrontmostTest, QCoreApplication)
 #include "frontmosttest.moc"

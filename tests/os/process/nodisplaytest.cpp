@@ -3,6 +3,7 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/desktop/harness/filedescriptor.h"
 #include "tests/os/process/windowclients.h"
+#include "tests/support/testprogram.h"
 
 #include <arpa/inet.h>
 #include <netinet/in.h>
@@ -150,5 +151,5 @@ void NoDisplayTest::aServerThatAnotherProgramHoldsIsGivenUpUntilItIsLetGo()
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
 }
 
-QTEST_GUILESS_MAIN(NoDisplayTest)
+REGISTER_TEST(NoDisplayTest, QCoreApplication)
 #include "nodisplaytest.moc"

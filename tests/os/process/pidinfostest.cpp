@@ -3,6 +3,7 @@
 #include "tests/desktop/harness/desktoptest.h"
 #include "tests/os/desktopentry/session.h"
 #include "tests/os/process/windowclients.h"
+#include "tests/support/testprogram.h"
 
 using namespace osUtils::Process;
 using namespace TestSupport;
@@ -336,5 +337,5 @@ void PidInfosTest::withoutAnEntryTheIdStaysAsItWas()
     QCOMPARE(static_cast<const void*>(info.bundleId), static_cast<const void*>(before));
 }
 
-QTEST_GUILESS_MAIN(PidInfosTest)
+REGISTER_TEST(PidInfosTest, QCoreApplication)
 #include "pidinfostest.moc"

@@ -2,7 +2,9 @@
 
 #include "tests/desktop/harness/eventually.h"
 #include "tests/os/process/processes.h"
+#include "tests/support/testprogram.h"
 
+#include <QCoreApplication>
 #include <QRegularExpression>
 #include <QTest>
 
@@ -336,5 +338,5 @@ void ProcessQueriesTest::theSignaturesAreAsGiven()
     static_assert(std::is_same_v<decltype(bundleId), const char* const>);
 }
 
-QTEST_GUILESS_MAIN(ProcessQueriesTest)
+REGISTER_TEST(ProcessQueriesTest, QCoreApplication)
 #include "processqueriestest.moc"

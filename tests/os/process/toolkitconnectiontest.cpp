@@ -2,6 +2,7 @@
 
 #include "tests/os/desktopentry/session.h"
 #include "tests/os/process/windowclients.h"
+#include "tests/support/testprogram.h"
 
 #include <QGuiApplication>
 #include <QRegularExpression>
@@ -106,5 +107,5 @@ void ToolkitConnectionTest::aWindowThatIsGoneIsNotReported()
     QCOMPARE(info.path, std::string());
 }
 
-QTEST_MAIN(ToolkitConnectionTest)
+REGISTER_TEST(ToolkitConnectionTest, QGuiApplication)
 #include "toolkitconnectiontest.moc"
