@@ -24,6 +24,8 @@ constexpr int normalMode = 0;
 constexpr int allHiddenMode = 3;
 constexpr Qt::WindowFlags overlayFlags = Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint;
 
+constexpr quint32 ordinaryProgram = 1; // the source of its requests
+
 constexpr auto fullScreen = "_NET_WM_STATE_FULLSCREEN";
 
 const QByteArrayList notification{"_NET_WM_WINDOW_TYPE_NOTIFICATION", "_NET_WM_WINDOW_TYPE_NORMAL"};
@@ -122,6 +124,8 @@ private slots:
     void inOtherModesOverlaysAreLeftAlone_data();
     void inOtherModesOverlaysAreLeftAlone();
     void afterTheNormalModeIsBackOverlaysAreLeftAlone();
+    void forXfwmAnOverlayInTheNormalModeIsNotOnTop();
+    void forXfwmAnOverlayPresentedAgainIsOnTop();
 
 private:
     [[nodiscard]] Hints hints(const QWindow& window) const;
@@ -406,6 +410,43 @@ void OverlayPresentationTest::afterTheNormalModeIsBackOverlaysAreLeftAlone()
 
     // then
     QCOMPARE(hintsWhenShown(Qt::Window | overlayFlags), untouched);
+}
+
+void OverlayPresentationTest::forXfwmAnOverlayInTheNormalModeIsNotOnTop()
+{
+    // given
+    const AnnouncedWindowManager manager(x, "Xfwm4");
+    setSystemUIMode(allHiddenMode, 0);
+    const auto window = overlay();
+    window->show();
+    StateRequestWatch watch;
+
+    // when
+    setSystemUIMode(normalMode, 0);
+
+    // then
+    constexpr quint32 remove = 0;
+    QVERIFY(watch.requests().contains(
+        StateRequest{idOf(*window), remove, {"_NET_WM_STATE_ABOVE"}, ordinaryProgram}));
+}
+
+void OverlayPresentationTest::forXfwmAnOverlayPresentedAgainIsOnTop()
+{
+    // given
+    const AnnouncedWindowManager manager(x, "Xfwm4");
+    setSystemUIMode(allHiddenMode, 0);
+    const auto window = overlay();
+    window->show();
+    setSystemUIMode(normalMode, 0);
+    StateRequestWatch watch;
+
+    // when
+    setSystemUIMode(allHiddenMode, 0);
+
+    // then
+    constexpr quint32 add = 1;
+    QVERIFY(watch.requests().contains(
+        StateRequest{idOf(*window), add, {"_NET_WM_STATE_ABOVE"}, ordinaryProgram}));
 }
 
 REGISTER_TEST(OverlayPresentationTest, QApplication)

@@ -17,6 +17,7 @@ private slots:
     void init() { QTest::failOnWarning(QRegularExpression(".?")); }
     void theLayerDependsOnTheWindowManager_data();
     void theLayerDependsOnTheWindowManager();
+    void xfwmKeepsTopWindowsAbovePanels();
     void fluxboxMovesNewWindows();
 };
 
@@ -70,6 +71,13 @@ void WindowLayerTest::theLayerDependsOnTheWindowManager()
 
     // then
     QTEST(layer, "layer");
+}
+
+void WindowLayerTest::xfwmKeepsTopWindowsAbovePanels()
+{
+    QVERIFY(keepsTopWindowsAbovePanels("Xfwm4"));
+    QVERIFY(!keepsTopWindowsAbovePanels("Openbox"));
+    QVERIFY(!keepsTopWindowsAbovePanels(QByteArray()));
 }
 
 void WindowLayerTest::fluxboxMovesNewWindows()

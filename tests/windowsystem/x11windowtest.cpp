@@ -43,6 +43,7 @@ private slots:
     void aLayerIsATypeFollowedByTheNormalOne();
     void aLaterLayerReplacesTheFormer();
     void stayingAboveIsAskedOfTheWindowManager();
+    void stayingAboveIsTakenBack();
     void cardinalsAreSetAndDeleted();
     void deletingWhatIsNotThereIsHarmless();
     void aWindowWithoutFramesStandsAlone();
@@ -210,6 +211,24 @@ void X11WindowTest::stayingAboveIsAskedOfTheWindowManager()
     constexpr quint32 ordinaryProgram = 1;
     QCOMPARE(watch.requests(),
              QList<StateRequest>({{idOf(window), add, {"_NET_WM_STATE_ABOVE"}, ordinaryProgram}}));
+}
+
+void X11WindowTest::stayingAboveIsTakenBack()
+{
+    // given
+    QWindow window;
+    window.show();
+    StateRequestWatch watch;
+
+    // when
+    X11::stopKeepingAbove(window.winId());
+
+    // then
+    constexpr quint32 remove = 0;
+    constexpr quint32 ordinaryProgram = 1;
+    QCOMPARE(
+        watch.requests(),
+        QList<StateRequest>({{idOf(window), remove, {"_NET_WM_STATE_ABOVE"}, ordinaryProgram}}));
 }
 
 void X11WindowTest::cardinalsAreSetAndDeleted()

@@ -25,6 +25,11 @@ bool isFluxbox(const QByteArray& lowerCaseName)
     return lowerCaseName.contains("fluxbox");
 }
 
+bool isXfwm(const QByteArray& lowerCaseName)
+{
+    return lowerCaseName.contains("xfwm");
+}
+
 }
 
 WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
@@ -32,7 +37,7 @@ WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
     const QByteArray name = windowManager.toByteArray().toLower();
     // Xfwm4 (seen in 4.18) takes a full-screen window out of the above layer, whatever the order of
     // the requests, and always-on-top windows then show over it. Its docks stay above all.
-    if (name.contains("xfwm"))
+    if (isXfwm(name))
         return {WindowLayer::Type::Dock, false};
     // Fluxbox (seen in 1.3.5) lifts whatever gets the keyboard above a full-screen window, so above
     // the palette of an overlay that lets the mouse through. Always on top, it is above panels too.
@@ -45,6 +50,12 @@ WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
     // manager from fitting it into the work area. The notification type has no opening animation,
     // which would show the picture shifted, and leaves the window's own dialogs above it.
     return {WindowLayer::Type::Notification, coversScreen};
+}
+
+bool keepsTopWindowsAbovePanels(QByteArrayView windowManager)
+{
+    // Xfwm4 (seen in 4.18) has a layer of its own for them, whatever their type: above the docks'.
+    return isXfwm(windowManager.toByteArray().toLower());
 }
 
 bool movesNewWindows(QByteArrayView windowManager)

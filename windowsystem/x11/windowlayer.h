@@ -23,6 +23,10 @@ struct WindowLayer {
 /// @param coversScreen  whether the window is exactly as large as a screen and lies on it
 [[nodiscard]] WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen);
 
+/// Whether the window manager keeps always-on-top windows above panels, however far they are lowered.
+/// @param windowManager  as above
+[[nodiscard]] bool keepsTopWindowsAbovePanels(QByteArrayView windowManager);
+
 /// Whether the window manager shows a new window first and then moves it into its place.
 /// @param windowManager  as above
 [[nodiscard]] bool movesNewWindows(QByteArrayView windowManager);

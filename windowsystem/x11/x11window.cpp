@@ -144,6 +144,11 @@ void keepAbove(WId window)
     askWindowManager(window, wmState, {1, atom(wmStateAbove), 0, 1});
 }
 
+void stopKeepingAbove(WId window)
+{
+    askWindowManager(window, wmState, {0, atom(wmStateAbove), 0, 1}); // action 0 removes it
+}
+
 void activate(WId window)
 {
     // Source 2 is the user. Time 0 is that of the request: a time of the last event would be older than

@@ -42,6 +42,9 @@ void allowAnySize(WId window);
 /// Asks the window manager to keep a mapped window above others.
 void keepAbove(WId window);
 
+/// Takes that request back.
+void stopKeepingAbove(WId window);
+
 /// Gives a window, of whatever program, the keyboard, and tells the window manager that the user
 /// wants it. Nothing happens if it is gone or not on the screen.
 void activate(WId window);

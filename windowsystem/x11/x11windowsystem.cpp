@@ -90,6 +90,9 @@ void X11WindowSystem::bringUp(QWindow& window)
 void X11WindowSystem::present(QWindow& window, QSize size)
 {
     present(window, size, windowManagerName());
+    // Release() has taken it down.
+    keepAbove(window.winId());
+    window.raise();
 }
 
 void X11WindowSystem::present(QWindow& window, QSize size, const QByteArray& windowManager)
@@ -135,6 +138,11 @@ void X11WindowSystem::release(QWindow& window)
     // Openbox (seen in 3.6) takes whatever covers the screen and has the keyboard for full-screen.
     if (coveredScreen(window))
         requestSize(window.winId(), deviceSize(window) - QSize(0, 1));
+    if (keepsTopWindowsAbovePanels(windowManagerName())) {
+        // Not lowered: it would lie below all other windows, and xfwm4 would pass on the keyboard.
+        stopKeepingAbove(window.winId());
+        return;
+    }
     // It stays on top of other windows, where some window managers keep panels, too.
     window.lower();
 }

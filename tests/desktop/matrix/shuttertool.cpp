@@ -15,7 +15,8 @@ constexpr QRect handle(4, 20, 32, 60); // inside what is left of a closed palett
 constexpr QRect body(60, 10, 180, 60); // outside it
 constexpr QSize otherSize(900, 500);
 
-/// Changes its colour when pressed, its size on the key R, and opens a dialog on D.
+/// Changes its colour when pressed, its size on the key R, and opens a dialog on D. N and H
+/// set the normal mode and the one that hides everything.
 class ColourFrame : public VcAction::Frame::ActionFrame {
 public:
     ColourFrame(int width, int height)
@@ -43,6 +44,8 @@ protected:
             QMessageBox::information(this, QStringLiteral("Note"), QStringLiteral("To be closed."));
         else if (event->key() == Qt::Key_N)
             osUtils::System::setSystemUIMode(0, 0);
+        else if (event->key() == Qt::Key_H)
+            osUtils::System::setSystemUIMode(3, 0);
         else
             ActionFrame::keyPressEvent(event);
     }

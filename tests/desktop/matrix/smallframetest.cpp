@@ -14,10 +14,13 @@ private slots:
     void itHasNoShadow();
     void inTheNormalModePanelsAreSeenAgain_data();
     void inTheNormalModePanelsAreSeenAgain();
+    void inTheNormalModeItStaysAboveOthersWithTheKeyboard();
+    void afterTheNormalModePanelsAreCoveredAgain();
 
 private:
     static constexpr QRect Frame{0, 0, 800, 600};
     static constexpr QRect TopPanel{0, 0, 1280, 30};
+    static constexpr QPoint CoveredPoint{20, 10}; ///< in the panel
     static constexpr QRect TopWindow{300, 200, 400, 300};
     static const inline QColor FrameColour = Qt::magenta;
 
@@ -110,21 +113,58 @@ void SmallFrameTest::inTheNormalModePanelsAreSeenAgain()
 {
     // given
     QFETCH(QList<QByteArray>, size);
-    if (managerName().startsWith("xfwm4") && !size.isEmpty())
-        QSKIP("xfwm4 leaves what was a dock above other docks, see docs/desktops.md");
     const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
     EVENTUALLY(shows(panel, Qt::green));
     Program program(*desktop, {.arguments = size, .executable = qgetenv("KORVEL_SHUTTER_TOOL")});
     EVENTUALLY(program.hasKeyboard());
-    const QPoint covered = TopPanel.topLeft() + QPoint(20, 10);
-    EVENTUALLY_COMPARE(desktop->screen.colourAt(covered), FrameColour);
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(CoveredPoint), FrameColour);
 
     // when
     desktop->keyboard.strike('n');
 
     // then
-    EVENTUALLY_COMPARE(desktop->screen.colourAt(covered), QColor(Qt::green));
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(CoveredPoint), QColor(Qt::green));
     QCOMPARE(program.status(), ChildProcess::Running);
+}
+
+void SmallFrameTest::inTheNormalModeItStaysAboveOthersWithTheKeyboard()
+{
+    // given
+    if (!isManaged())
+        QSKIP("only a window manager tells panels from other windows");
+    const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
+    const ClientWindow other = client(ClientWindow::Kind::Ordinary, TopWindow, Qt::blue);
+    EVENTUALLY(shows(panel, Qt::green) && shows(other, Qt::blue));
+    Program program(*desktop, tool());
+    EVENTUALLY(program.hasKeyboard());
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(CoveredPoint), FrameColour);
+
+    // when
+    desktop->keyboard.strike('n');
+
+    // then
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(CoveredPoint), QColor(Qt::green));
+    QCOMPARE(desktop->screen.colourAt(TopWindow.center()), FrameColour);
+    desktop->keyboard.strike(XK_Escape);
+    EVENTUALLY_COMPARE(program.status(), 0);
+}
+
+void SmallFrameTest::afterTheNormalModePanelsAreCoveredAgain()
+{
+    // given
+    const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
+    EVENTUALLY(shows(panel, Qt::green));
+    const Program program(*desktop, tool());
+    EVENTUALLY(program.hasKeyboard());
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(CoveredPoint), FrameColour);
+    desktop->keyboard.strike('n');
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(CoveredPoint), QColor(Qt::green));
+
+    // when
+    desktop->keyboard.strike('h');
+
+    // then
+    EVENTUALLY_COMPARE(desktop->screen.colourAt(CoveredPoint), FrameColour);
 }
 
 REGISTER_TEST(SmallFrameTest, QCoreApplication)
