@@ -17,7 +17,7 @@ private slots:
     void init() { QTest::failOnWarning(QRegularExpression(".?")); }
     void theLayerDependsOnTheWindowManager_data();
     void theLayerDependsOnTheWindowManager();
-    void xfwmKeepsTopWindowsAbovePanels();
+    void someWindowManagersKeepTopWindowsAbovePanels();
     void fluxboxMovesNewWindows();
 };
 
@@ -73,9 +73,11 @@ void WindowLayerTest::theLayerDependsOnTheWindowManager()
     QTEST(layer, "layer");
 }
 
-void WindowLayerTest::xfwmKeepsTopWindowsAbovePanels()
+void WindowLayerTest::someWindowManagersKeepTopWindowsAbovePanels()
 {
     QVERIFY(keepsTopWindowsAbovePanels("Xfwm4"));
+    QVERIFY(keepsTopWindowsAbovePanels("Fluxbox"));
+    QVERIFY(keepsTopWindowsAbovePanels("KWin"));
     QVERIFY(!keepsTopWindowsAbovePanels("Openbox"));
     QVERIFY(!keepsTopWindowsAbovePanels(QByteArray()));
 }

@@ -14,20 +14,17 @@ namespace {
 constexpr std::array keepingOthersInWorkArea{"openbox", "metacity", "marco", "mutter",
                                              "gnome shell"};
 
-bool keepsInWorkArea(const QByteArray& lowerCaseName)
+constexpr std::array keepingTopWindowsAbovePanels{"xfwm", "fluxbox", "kwin"};
+
+template <typename Names> bool containsAny(const QByteArray& lowerCaseName, const Names& names)
 {
-    return std::any_of(keepingOthersInWorkArea.begin(), keepingOthersInWorkArea.end(),
+    return std::any_of(names.begin(), names.end(),
                        [&](const char* name) { return lowerCaseName.contains(name); });
 }
 
 bool isFluxbox(const QByteArray& lowerCaseName)
 {
     return lowerCaseName.contains("fluxbox");
-}
-
-bool isXfwm(const QByteArray& lowerCaseName)
-{
-    return lowerCaseName.contains("xfwm");
 }
 
 }
@@ -37,13 +34,13 @@ WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
     const QByteArray name = windowManager.toByteArray().toLower();
     // Xfwm4 (seen in 4.18) takes a full-screen window out of the above layer, whatever the order of
     // the requests, and always-on-top windows then show over it. Its docks stay above all.
-    if (isXfwm(name))
+    if (name.contains("xfwm"))
         return {WindowLayer::Type::Dock, false};
     // Fluxbox (seen in 1.3.5) lifts whatever gets the keyboard above a full-screen window, so above
     // the palette of an overlay that lets the mouse through. Always on top, it is above panels too.
     if (isFluxbox(name))
         return {WindowLayer::Type::Notification, false};
-    if (!coversScreen && keepsInWorkArea(name))
+    if (!coversScreen && containsAny(name, keepingOthersInWorkArea))
         return {WindowLayer::Type::Dock, false};
 
     // Elsewhere the full-screen state is what puts a window above the panels and keeps the window
@@ -54,8 +51,8 @@ WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
 
 bool keepsTopWindowsAbovePanels(QByteArrayView windowManager)
 {
-    // Xfwm4 (seen in 4.18) has a layer of its own for them, whatever their type: above the docks'.
-    return isXfwm(windowManager.toByteArray().toLower());
+    // Seen in xfwm4 4.18, fluxbox 1.3.5 and kwin 5.27: their layer is above the docks'.
+    return containsAny(windowManager.toByteArray().toLower(), keepingTopWindowsAbovePanels);
 }
 
 bool movesNewWindows(QByteArrayView windowManager)

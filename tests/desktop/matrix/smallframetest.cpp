@@ -18,6 +18,12 @@ private slots:
     void afterTheNormalModePanelsAreCoveredAgain();
 
 private:
+    /// Whatever the frame asks for.
+    [[nodiscard]] static bool keepsFramesAbovePanels()
+    {
+        return managerName() == "icewm" || isTiled();
+    }
+
     static constexpr QRect Frame{0, 0, 800, 600};
     static constexpr QRect TopPanel{0, 0, 1280, 30};
     static constexpr QPoint CoveredPoint{20, 10}; ///< in the panel
@@ -113,6 +119,8 @@ void SmallFrameTest::inTheNormalModePanelsAreSeenAgain()
 {
     // given
     QFETCH(QList<QByteArray>, size);
+    if (keepsFramesAbovePanels())
+        QSKIP("icewm and i3 leave the frame above panels, see docs/desktops.md");
     const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
     EVENTUALLY(shows(panel, Qt::green));
     Program program(*desktop, {.arguments = size, .executable = qgetenv("KORVEL_SHUTTER_TOOL")});
@@ -132,6 +140,8 @@ void SmallFrameTest::inTheNormalModeItStaysAboveOthersWithTheKeyboard()
     // given
     if (!isManaged())
         QSKIP("only a window manager tells panels from other windows");
+    if (keepsFramesAbovePanels())
+        QSKIP("icewm and i3 leave the frame above panels, see docs/desktops.md");
     const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
     const ClientWindow other = client(ClientWindow::Kind::Ordinary, TopWindow, Qt::blue);
     EVENTUALLY(shows(panel, Qt::green) && shows(other, Qt::blue));
@@ -152,6 +162,8 @@ void SmallFrameTest::inTheNormalModeItStaysAboveOthersWithTheKeyboard()
 void SmallFrameTest::afterTheNormalModePanelsAreCoveredAgain()
 {
     // given
+    if (keepsFramesAbovePanels())
+        QSKIP("icewm and i3 leave the frame above panels, see docs/desktops.md");
     const ClientWindow panel = client(ClientWindow::Kind::Dock, TopPanel, Qt::green);
     EVENTUALLY(shows(panel, Qt::green));
     const Program program(*desktop, tool());
@@ -163,8 +175,8 @@ void SmallFrameTest::afterTheNormalModePanelsAreCoveredAgain()
     // when
     desktop->keyboard.strike('h');
 
-    // then
-    EVENTUALLY_COMPARE(desktop->screen.colourAt(CoveredPoint), FrameColour);
+    // then: not by colours, since the normal mode let some window managers move it beside the panel
+    EVENTUALLY(desktop->windows.isAbove(program.frame(), panel.id()));
 }
 
 REGISTER_TEST(SmallFrameTest, QCoreApplication)
