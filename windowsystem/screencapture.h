@@ -36,7 +36,7 @@ public:
 
     /// Has the window system copy a part of the picture to a window by itself, where it lies in memory that both
     /// can read.
-    /// @param picture  what shall be shown, which need not be the captured one any more; null for a draft
+    /// @param picture  what shall be shown, which need not be the captured one any more; null for that
     /// @param region  in device pixels of the window
     /// @return  false if it cannot, and nothing is copied
     [[nodiscard]] virtual bool show(const QImage& picture, const QWindow& window,

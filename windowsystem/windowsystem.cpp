@@ -15,6 +15,8 @@
 
 namespace Windowing {
 
+Q_LOGGING_CATEGORY(windowSystemLog, "korvel.windowsystem", QtWarningMsg)
+
 namespace {
 
 bool isOverlay(const QWindow& window)

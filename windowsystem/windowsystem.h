@@ -2,6 +2,7 @@
 
 #include "windowsystem/screencapture.h"
 
+#include <QLoggingCategory>
 #include <QObject>
 #include <QRegion>
 #include <QWindow>
@@ -10,6 +11,9 @@
 #include <optional>
 
 namespace Windowing {
+
+/// What a report of an odd desktop needs: "korvel.windowsystem", silent unless it is asked for.
+Q_DECLARE_LOGGING_CATEGORY(windowSystemLog)
 
 /// What an overlay needs of the window system and Qt does not offer. One object serves the session; all that differs
 /// between window systems lies behind it.

@@ -61,6 +61,7 @@ private slots:
     void oneThatNobodyTakesIsNoHarm();
     void itIsShownInTheRegion_data();
     void itIsShownInTheRegion();
+    void onceCompletedItIsStillShown();
     void itIsShownAsItIsNow();
     void anotherPictureIsNotShown();
     void aWindowOfAnotherSizeIsLeftAlone_data();
@@ -278,6 +279,20 @@ void ScreenCaptureTest::itIsShownInTheRegion()
     QVERIFY(isShown);
     finishToolkitRequests();
     QCOMPARE(screen.grab(), wanted);
+}
+
+void ScreenCaptureTest::onceCompletedItIsStillShown()
+{
+    // given
+    const auto taken = capture();
+    taken->secure();
+    const WhiteWindow window(x, x.size());
+
+    // when
+    taken->complete();
+
+    // then
+    QVERIFY(taken->show({}, *window, whole()));
 }
 
 void ScreenCaptureTest::itIsShownAsItIsNow()

@@ -1,6 +1,7 @@
 #include "windowsystem/x11/x11screencapture.h"
 
 #include "windowsystem/background.h"
+#include "windowsystem/windowsystem.h"
 #include "windowsystem/x11/connection.h"
 
 #include <QRegion>
@@ -71,11 +72,14 @@ void X11ScreenCapture::secure()
         return;
     if (hasWritten()) {
         state = State::Written;
+        qCDebug(windowSystemLog) << "Picture of" << place << "in shared memory";
         return;
     }
     pixels.reset();
     copy = copied();
     state = copy.isNull() ? State::Refused : State::Copied;
+    qCDebug(windowSystemLog) << "Picture of" << place
+                             << (copy.isNull() ? "by Qt" : "through the connection");
     if (state == State::Refused)
         ScreenCapture::secure();
 }
@@ -135,9 +139,8 @@ bool X11ScreenCapture::show(const QImage& picture, const QWindow& shown,
                             const QRegion& region) const
 {
     const auto window = static_cast<xcb_window_t>(shown.winId());
-    const bool isOurs =
-        picture.isNull() ? !draft().isNull() : pixels && picture.constBits() == pixels->bytes();
-    if (!isOurs || !isSuited(window, place.size()))
+    const auto isOurs = [&] { return picture.isNull() || picture.constBits() == pixels->bytes(); };
+    if (state != State::Written || !isOurs() || !isSuited(window, place.size()))
         return false;
     const auto width = static_cast<uint16_t>(place.width());
     const auto height = static_cast<uint16_t>(place.height());

@@ -101,6 +101,12 @@ void X11WindowSystem::present(QWindow& window, QSize size, const QByteArray& win
     const QScreen* covered = coveredScreen(window);
     const WindowLayer layer = coveringLayer(windowManager, covered != nullptr);
     setWindowLayer(window.winId(), layer);
+    qCDebug(windowSystemLog) << "Window manager" << windowManager << "- overlay"
+                             << window.geometry() << "ratio" << window.devicePixelRatio() << "on"
+                             << (covered ? covered->name() : QStringLiteral("no whole screen"))
+                             << "of the monitors" << monitors() << "- dock"
+                             << (layer.type == WindowLayer::Type::Dock) << "full screen"
+                             << layer.fullScreen;
     const std::optional<QRect> place = covered ? deviceGeometry(*covered) : std::nullopt;
     if (place)
         fitExactly(window, *place);
@@ -156,6 +162,9 @@ void X11WindowSystem::settle(QWindow& window)
         window.setGeometry(place.mapped());
     if (auto* exact = window.findChild<ExactPlace*>(QString(), Qt::FindDirectChildrenOnly))
         exact->insist();
+    qCDebug(windowSystemLog) << "Overlay exposed at" << positionOnDesktop(window.winId())
+                             << window.geometry() << "inside"
+                             << windowAndFrames(window.winId()).size() - 1 << "frames";
 }
 
 void X11WindowSystem::presentDialog(QWindow& dialog) const
@@ -221,6 +230,8 @@ void X11WindowSystem::rememberKeyboard()
 
 void X11WindowSystem::giveKeyboardBack() const
 {
+    qCDebug(windowSystemLog) << "The keyboard came from" << keyboardLender << "and is with"
+                             << focusedWindow();
     if (keyboardLender != 0 && handsKeyboardToSomebodyElse(windowManagerName())
         && isOurs(focusedWindow()))
         activate(keyboardLender);
