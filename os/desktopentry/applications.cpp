@@ -25,9 +25,10 @@ std::string variable(const char* name)
     return value ? value : "";
 }
 
-/// The user's folder and the system's; the first is empty if there is no home.
-std::vector<std::string> baseFolders(const char* usersVariable, const char* belowHome,
-                                     const char* systemVariable, const char* systemDefault)
+/// A folder in the user's folder and in each of the system's; the first is empty if there is no home.
+std::vector<fs::path> foldersNamed(const char* name, const char* usersVariable,
+                                   const char* belowHome, const char* systemVariable,
+                                   const char* systemDefault)
 {
     std::string user = variable(usersVariable);
     if (!user.starts_with('/')) {
@@ -35,15 +36,14 @@ std::vector<std::string> baseFolders(const char* usersVariable, const char* belo
             variable("HOME").starts_with('/') ? variable("HOME") : getHomeFolder();
         user = home.starts_with('/') ? home + belowHome : "";
     }
-    std::vector<std::string> folders{user};
+    std::vector<fs::path> folders{user.empty() ? ""
+                                               : fs::path(user + '/' + name).lexically_normal()};
     const std::string system = variable(systemVariable);
     std::istringstream list(system.empty() ? systemDefault : system);
     for (std::string folder; std::getline(list, folder, ':');) {
         if (folder.starts_with('/'))
-            folders.push_back(folder);
+            folders.push_back(fs::path(folder + '/' + name).lexically_normal());
     }
-    for (std::string& folder : folders)
-        folder = fs::path(folder).lexically_normal();
     return folders;
 }
 
@@ -71,23 +71,19 @@ std::map<std::string, std::string> filesIn(const fs::path& folder)
 
 }
 
-std::vector<std::string> autostartFolders()
+std::vector<fs::path> autostartFolders()
 {
-    std::vector<std::string> folders =
-        baseFolders("XDG_CONFIG_HOME", "/.config", "XDG_CONFIG_DIRS", "/etc/xdg");
-    for (std::string& folder : folders)
-        folder = folder.empty() ? "" : fs::path(folder) / "autostart";
-    return folders;
+    return foldersNamed("autostart", "XDG_CONFIG_HOME", "/.config", "XDG_CONFIG_DIRS", "/etc/xdg");
 }
 
 std::vector<ApplicationFile> applicationFiles()
 {
     std::vector<ApplicationFile> files;
     std::set<std::string> ids;
-    for (const std::string& folder : baseFolders("XDG_DATA_HOME", "/.local/share", "XDG_DATA_DIRS",
-                                                 "/usr/local/share:/usr/share")) {
-        for (const auto& [id, path] : filesIn(fs::path(folder) / "applications")) {
-            if (!folder.empty() && ids.insert(id).second)
+    for (const fs::path& folder : foldersNamed("applications", "XDG_DATA_HOME", "/.local/share",
+                                               "XDG_DATA_DIRS", "/usr/local/share:/usr/share")) {
+        for (const auto& [id, path] : filesIn(folder)) {
+            if (ids.insert(id).second)
                 files.push_back({id, path});
         }
     }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -10,7 +11,7 @@ namespace osUtils {
 
 /// Where sessions look for programs to start, the user's folder first. That one is empty if the user
 /// has no home; none of them need exist.
-[[nodiscard]] std::vector<std::string> autostartFolders();
+[[nodiscard]] std::vector<std::filesystem::path> autostartFolders();
 
 /// The desktop entry of an installed application.
 struct ApplicationFile {

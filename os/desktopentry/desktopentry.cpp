@@ -29,11 +29,6 @@ std::string withoutEscapes(std::string_view raw)
 
 }
 
-DesktopEntry::DesktopEntry()
-    : keys(g_key_file_new())
-{
-}
-
 std::optional<DesktopEntry> DesktopEntry::read(const std::string& path)
 {
     std::error_code error;

@@ -21,13 +21,11 @@ using GlibText = std::unique_ptr<char, FreeFromGlib>;
 /// The group "Desktop Entry" of a key file. Values are any bytes, since paths are.
 ///
 /// GLib takes the file apart. The escapes in values are resolved here, since its versions differ on
-/// wrong ones, and it has no way to read a text that is not UTF-8.
+/// wrong ones, and it has no way to read a text that is not UTF-8. A new entry has no keys.
 class DesktopEntry {
 public:
     static constexpr auto suffix = ".desktop";
 
-    /// An entry without keys.
-    DesktopEntry();
     /// None where the path leads to no file, or to one that cannot be read or is no desktop entry.
     /// Never waits for anybody.
     [[nodiscard]] static std::optional<DesktopEntry> read(const std::string& path);
@@ -48,7 +46,7 @@ public:
 
 private:
     std::string file;
-    std::unique_ptr<GKeyFile, FreeFromGlib> keys;
+    std::unique_ptr<GKeyFile, FreeFromGlib> keys{g_key_file_new()};
 };
 
 }

@@ -1,17 +1,9 @@
 #include "os/login/loginitems.h"
 
-#include "os/login/autostart.h"
+#include "os/desktopentry/applications.h"
+#include "os/desktopentry/desktopentry.h"
 
-#include <sys/stat.h>
-
-#include <algorithm>
-#include <cerrno>
 #include <cstdio>
-#include <map>
-#include <mutex>
-#include <utility>
-
-using namespace osUtils::Login;
 
 namespace {
 
@@ -22,41 +14,6 @@ constexpr auto addMessage = "Couldn't add login item error %ld";
 constexpr auto listMessage = "Couldn't list login items error %ld";
 constexpr auto removeMessage = "Couldn't remove login intem error %ld";
 
-/// The URL object of an entry: the one that an earlier listing gave for the same name and path, if
-/// anybody still holds it, else a new one.
-LoginItemUrlRef urlOf(const AutostartItem& item)
-{
-    static std::mutex guard;
-    static std::map<std::pair<std::string, std::string>, std::weak_ptr<const LoginItemUrl>> urls;
-
-    const std::lock_guard lock(guard);
-    std::erase_if(urls, [](const auto& known) { return known.second.expired(); });
-    std::weak_ptr<const LoginItemUrl>& known = urls[{item.name, item.path}];
-    LoginItemUrlRef url = known.lock();
-    if (!url) {
-        url = LoginItemUrl::fromRawText(item.path);
-        known = url;
-    }
-    return url;
-}
-
-/// Removes the first entry that a claim holds for.
-template <typename Claim> OSStatus removeFirst(Claim claim, OSStatus ifThereIsNone)
-{
-    std::vector<AutostartItem> entries;
-    const OSStatus status = listAutostart(entries);
-    if (status != LoginItemStatus::success)
-        return status;
-    const auto found = std::find_if(entries.begin(), entries.end(), claim);
-    return found == entries.end() ? ifThereIsNone : removeAutostart(found->name);
-}
-
-/// Removes the item that a listing gave this very object for, wherever it stands by now.
-OSStatus removeListed(const LoginItemUrlRef& url)
-{
-    return removeFirst([&url](const AutostartItem& entry) { return urlOf(entry) == url; }, ENOENT);
-}
-
 bool succeeded(OSStatus status, const char* message)
 {
     if (status != LoginItemStatus::success)
@@ -64,7 +21,7 @@ bool succeeded(OSStatus status, const char* message)
     return status == LoginItemStatus::success;
 }
 
-/// Position of the last item that a claim holds for.
+/// Position of the last item whose URL a claim holds for.
 template <typename Claim> int lastOf(const LoginItemArrayRef& items, Claim claim)
 {
     int index = items ? static_cast<int>(items->size()) - 1 : notFound;
@@ -73,46 +30,39 @@ template <typename Claim> int lastOf(const LoginItemArrayRef& items, Claim claim
     return index;
 }
 
-int lastWithPath(const LoginItemArrayRef& items, const std::string& path)
+int lastContaining(const LoginItemArrayRef& items, const std::string& path)
 {
     return lastOf(items, [&path](const LoginItemUrlRef& url) { return url->pathContains(path); });
 }
 
+int lastWith(const LoginItemArrayRef& items, const LoginItemUrlRef& sought)
+{
+    return lastOf(items, [&sought](const LoginItemUrlRef& url) { return url == sought; });
 }
 
-OSStatus LIAECopyLoginItems(LoginItemArrayRef& items)
+/// Not lastContaining(): one application's path may be another's in capitals.
+int lastOfApplication(const LoginItemArrayRef& items, const std::string& path)
 {
-    items.reset();
-    std::vector<AutostartItem> entries;
-    const OSStatus status = listAutostart(entries);
-    if (status != LoginItemStatus::success)
-        return status;
-    auto listed = std::make_unique<LoginItemArray>();
-    for (const AutostartItem& entry : entries)
-        listed->push_back({urlOf(entry), entry.hidden});
-    items = std::move(listed);
-    return status;
+    return lastOf(items, [&path](const LoginItemUrlRef& url) { return url->path() == path; });
 }
 
-OSStatus LIAEAddRefAtEnd(const std::string& path, bool hidden)
+/// Removes an item, if one was found.
+bool removeAt(const LoginItemArrayRef& items, int index)
 {
-    struct stat information { };
-    // A zero would end the path early, at what may be another file.
-    const bool canBeFile = path.starts_with('/') && path.find('\0') == std::string::npos;
-    if (!canBeFile || stat(path.c_str(), &information) != 0)
-        return LoginItemStatus::fileNotFound;
-    return addAutostart(path, hidden);
+    if (index == notFound)
+        return false;
+    const LoginItemUrlRef& url = (*items)[static_cast<size_t>(index)].URL;
+    return succeeded(osUtils::Login::removeListed(*url), removeMessage);
 }
 
-OSStatus LIAEAddURLAtEnd(const LoginItemUrlRef& url, bool hidden)
+/// Path of an application's desktop entry; empty if it has none.
+std::string applicationWithId(const std::string& id)
 {
-    return url ? LIAEAddRefAtEnd(url->path(), hidden) : LoginItemStatus::fileNotFound;
+    const std::string path = osUtils::applicationPath(osUtils::applicationFiles(), id);
+    const auto entry = path.empty() ? std::nullopt : osUtils::DesktopEntry::read(path);
+    return entry && entry->isApplication() ? path : "";
 }
 
-OSStatus LIAERemove(int index)
-{
-    return removeFirst([&index](const AutostartItem&) { return index >= 0 && index-- == 0; },
-                       EINVAL);
 }
 
 LoginItemArrayRef allLoginItems()
@@ -139,24 +89,39 @@ bool removeLoginItemAtIndex(int index)
 
 int indexForLoginItemWithPath(const std::string& path)
 {
-    return lastWithPath(allLoginItems(), path);
+    return lastContaining(allLoginItems(), path);
 }
 
 bool removeLoginItemWithPath(const std::string& path)
 {
     const LoginItemArrayRef items = allLoginItems();
-    const int index = lastWithPath(items, path);
-    // By its object, for its position may have changed.
-    return index != notFound
-        && succeeded(removeListed((*items)[static_cast<size_t>(index)].URL), removeMessage);
+    return removeAt(items, lastContaining(items, path));
 }
 
 int indexForLoginItemWithURL(const LoginItemUrlRef& url)
 {
-    return lastOf(allLoginItems(), [&url](const LoginItemUrlRef& listed) { return listed == url; });
+    return lastWith(allLoginItems(), url);
 }
 
 bool removeLoginItemWithURL(const LoginItemUrlRef& url)
 {
-    return indexForLoginItemWithURL(url) != notFound && succeeded(removeListed(url), removeMessage);
+    const LoginItemArrayRef items = allLoginItems();
+    return removeAt(items, lastWith(items, url));
+}
+
+bool osUtils::System::startWithOS(const std::string& bundleId)
+{
+    const std::string path = applicationWithId(bundleId);
+    return !path.empty() && lastOfApplication(allLoginItems(), path) != notFound;
+}
+
+bool osUtils::System::switchOsStartBehavior(const std::string& bundleId,
+                                            const std::string& /*unused*/)
+{
+    const std::string path = applicationWithId(bundleId);
+    if (path.empty())
+        return false;
+    const LoginItemArrayRef items = allLoginItems();
+    const int index = lastOfApplication(items, path);
+    return index == notFound ? addLoginItemWithPath(path, false) : removeAt(items, index);
 }

@@ -11,9 +11,10 @@
 ///
 /// An item is an entry of type Application that the user's sessions start: one in the user's
 /// autostart folder, or one for all users that the user's entries leave to count. Paths are any
-/// bytes. Nothing here needs the toolkit, and any thread may call; other processes may change the
-/// items at the same time, so that a position holds for the listing that it comes from and may be
-/// another's soon after.
+/// bytes. Nothing here needs Qt, and any thread may call; other processes may change the items at
+/// the same time, so that a position holds for the listing that it comes from and may be another's
+/// soon after. Every state that they can see, or that the end of this process can leave behind, is
+/// valid.
 
 /// What a login-item function came to: 0 is success, fileNotFound that there is no such file, and a
 /// positive number an error of the system, passed on as it was in errno (<cerrno> has the names).
@@ -28,6 +29,8 @@ constexpr OSStatus fileNotFound = -43;
 
 /// One program that is started when the user logs in.
 struct LoginItem {
+    /// Of what was added: an installed application's desktop entry, a program or another file. Of an
+    /// entry that others have made, the application whose id it has, else the program that it starts.
     LoginItemUrlRef URL;
     /// A mark that is kept for the caller; sessions start every item alike.
     bool Hidden = false;
@@ -41,11 +44,13 @@ using LoginItemArrayRef = std::unique_ptr<const LoginItemArray>;
 // Functions that give a status, without a word to anybody.
 
 /// Lists the items: first those that other programs have made, by the name of their file, then
-/// those added here, in the order of their addition. Entries that cannot be read are passed over.
+/// those added here, in the order of their addition. Of the same name in several folders only that
+/// of the first counts, and entries that cannot be read are passed over: sessions do both.
 /// @param items  the array, on success; else nothing
 [[nodiscard]] OSStatus LIAECopyLoginItems(LoginItemArrayRef& items);
 
-/// Adds an item behind all others, whether or not there is one for the file already.
+/// Adds an item behind all others, whether or not there is one for the file already. Neither waits
+/// for others who do so at the same time nor reads what they have written.
 /// @param path    absolute; addLoginItemWithURL() tells what is started
 /// @param hidden  kept with the item
 [[nodiscard]] OSStatus LIAEAddRefAtEnd(const std::string& path, bool hidden);
@@ -56,6 +61,13 @@ using LoginItemArrayRef = std::unique_ptr<const LoginItemArray>;
 /// Removes the item at a position, counted from 0; EINVAL if there is none. An entry for all users
 /// stays, and is switched off for this one.
 [[nodiscard]] OSStatus LIAERemove(int index);
+
+namespace osUtils::Login {
+
+/// Removes the item that a listing gave this URL for, wherever it stands by now.
+[[nodiscard]] OSStatus removeListed(const LoginItemUrl& url);
+
+}
 
 // For callers who want a plain answer. A failure is one line on standard output, without a line end,
 // that ends in the status; nothing else is printed.
@@ -97,3 +109,21 @@ bool removeLoginItemWithPath(const std::string& path);
 [[nodiscard]] int indexForLoginItemWithURL(const LoginItemUrlRef& url);
 /// Removes that item, as removeLoginItemWithPath() does.
 bool removeLoginItemWithURL(const LoginItemUrlRef& url);
+
+/// Whether an application starts when the user logs in.
+///
+/// An application is named by its desktop-entry id without ".desktop", as in "org.gnome.gedit", where
+/// "-" may stand for the slash of a sub-folder. Its path is that of its desktop entry, whole: items
+/// of other applications are neither found nor removed, whatever they start.
+namespace osUtils::System {
+
+/// Whether the application is among the login items, with the words of allLoginItems() on failure.
+/// False, without a word, if no application has the identifier.
+[[nodiscard]] bool startWithOS(const std::string& bundleId);
+
+/// Makes an application start with the login if it did not, and no longer if it did.
+/// @return  success, with the words of the login item functions on failure; false without a word if
+///          no application has the identifier
+bool switchOsStartBehavior(const std::string& bundleId, const std::string& unused);
+
+}

@@ -3,6 +3,9 @@
 #include "os/desktopentry/desktopentry.h"
 
 #include <filesystem>
+#include <map>
+#include <mutex>
+#include <utility>
 
 namespace fs = std::filesystem;
 
@@ -29,8 +32,9 @@ std::string folded(const std::string& text)
 
 }
 
-LoginItemUrl::LoginItemUrl(const std::string& path)
-    : filePath(path)
+LoginItemUrl::LoginItemUrl(const std::string& entryName, const std::string& path)
+    : entry(entryName)
+    , filePath(path)
 {
     while (filePath.size() > 1 && filePath.back() == '/')
         filePath.pop_back();
@@ -45,12 +49,21 @@ LoginItemUrlRef LoginItemUrl::fromPath(const std::string& path)
     // The ".." after a link leads out of the folder behind the link.
     const bool isElsewhere =
         !fs::equivalent(absolute, normal, error) && fs::exists(absolute, error);
-    return LoginItemUrlRef(new LoginItemUrl(isElsewhere ? absolute : normal));
+    return LoginItemUrlRef(new LoginItemUrl({}, isElsewhere ? absolute : normal));
 }
 
-LoginItemUrlRef LoginItemUrl::fromRawText(const std::string& text)
+LoginItemUrlRef LoginItemUrl::ofEntry(const std::string& entryName, const std::string& text)
 {
-    return LoginItemUrlRef(new LoginItemUrl(text));
+    static std::mutex guard;
+    static std::map<std::pair<std::string, std::string>, std::weak_ptr<const LoginItemUrl>> urls;
+
+    const std::lock_guard lock(guard);
+    std::erase_if(urls, [](const auto& known) { return known.second.expired(); });
+    std::weak_ptr<const LoginItemUrl>& known = urls[{entryName, text}];
+    LoginItemUrlRef url = known.lock();
+    if (!url)
+        known = url = LoginItemUrlRef(new LoginItemUrl(entryName, text));
+    return url;
 }
 
 std::string LoginItemUrl::text() const

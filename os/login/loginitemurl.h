@@ -16,12 +16,18 @@ public:
     /// and doubled slashes none is left, unless the path leads elsewhere without them.
     /// @param path  any bytes, not taken for UTF-8
     [[nodiscard]] static LoginItemUrlRef fromPath(const std::string& path);
-    /// A new object for the text by which an entry names its program: an absolute path, or other
-    /// text that leads to no file.
-    [[nodiscard]] static LoginItemUrlRef fromRawText(const std::string& text);
+    /// The object for an autostart entry: the one that was given for it before, if anybody still holds
+    /// that, else a new one.
+    /// @param entryName  of the entry's file
+    /// @param text  by which the entry names its program: an absolute path, or other text that leads
+    ///              to no file
+    [[nodiscard]] static LoginItemUrlRef ofEntry(const std::string& entryName,
+                                                 const std::string& text);
 
     /// Path of the file, without a slash at its end unless it is the root.
     [[nodiscard]] const std::string& path() const { return filePath; }
+    /// Of the autostart entry's file; empty if a caller made the object from a path.
+    [[nodiscard]] const std::string& entryName() const { return entry; }
     /// "file://" and the path with everything percent-encoded that needs it; of a relative path no
     /// more than that, encoded.
     [[nodiscard]] std::string text() const;
@@ -33,7 +39,8 @@ public:
     [[nodiscard]] bool pathContains(const std::string& text) const;
 
 private:
-    explicit LoginItemUrl(const std::string& path);
+    LoginItemUrl(const std::string& entryName, const std::string& path);
 
+    std::string entry;
     std::string filePath;
 };

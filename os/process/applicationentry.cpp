@@ -4,6 +4,7 @@
 #include "os/desktopentry/desktopentry.h"
 
 #include <string_view>
+#include <utility>
 
 namespace osUtils::Process {
 
@@ -12,7 +13,7 @@ namespace {
 /// The id in a desktop entry's name, which may be that of its file.
 std::string_view idIn(std::string_view name)
 {
-    constexpr std::string_view suffix = ".desktop";
+    constexpr std::string_view suffix = DesktopEntry::suffix;
     name.remove_prefix(name.find_last_of('/') + 1); // none found: npos + 1 is 0
     if (name.ends_with(suffix))
         name.remove_suffix(suffix.size());
@@ -35,29 +36,27 @@ std::vector<ApplicationEntry> installedApplications()
 const ApplicationEntry* entryOf(const WindowIdentity& window,
                                 const std::vector<ApplicationEntry>& entries)
 {
-    for (const std::string& named : {window.desktopFile, window.gtkApplication}) {
-        const std::string_view id = idIn(named);
-        for (const ApplicationEntry& entry : entries) {
-            if (!id.empty() && entry.id == id)
-                return &entry;
-        }
-    }
-    using Matches = bool (*)(const ApplicationEntry&, const std::string&);
-    constexpr Matches hasWindowClass = [](const auto& entry, const auto& name) {
+    using Matches = bool (*)(const ApplicationEntry&, std::string_view);
+    constexpr Matches hasWindowClass = [](const auto& entry, auto name) {
         return entry.windowClass == name;
     };
-    constexpr Matches hasId = [](const auto& entry, const auto& name) { return entry.id == name; };
-    constexpr Matches hasIdInAnyCase = [](const auto& entry, const auto& name) {
-        return g_ascii_strcasecmp(entry.id.c_str(), name.c_str()) == 0;
+    constexpr Matches hasId = [](const auto& entry, auto name) { return entry.id == name; };
+    constexpr Matches hasIdInAnyCase = [](const auto& entry, auto name) {
+        return entry.id.size() == name.size()
+            && g_ascii_strncasecmp(entry.id.c_str(), name.data(), name.size()) == 0;
     };
     // The instance first: a browser gives each installed web application one of its own, while the
     // class is the browser's. Ids are lower-case by custom where classes have capitals.
-    for (const Matches matches : {hasWindowClass, hasId, hasIdInAnyCase}) {
-        for (const std::string& name : {window.instance, window.className}) {
-            for (const ApplicationEntry& entry : entries) {
-                if (!name.empty() && matches(entry, name))
-                    return &entry;
-            }
+    const std::pair<Matches, std::string_view> claims[] = {
+        {hasId, idIn(window.desktopFile)}, {hasId, idIn(window.gtkApplication)},
+        {hasWindowClass, window.instance}, {hasWindowClass, window.className},
+        {hasId, window.instance},          {hasId, window.className},
+        {hasIdInAnyCase, window.instance}, {hasIdInAnyCase, window.className},
+    };
+    for (const auto& [matches, name] : claims) {
+        for (const ApplicationEntry& entry : entries) {
+            if (!name.empty() && matches(entry, name))
+                return &entry;
         }
     }
     return nullptr;

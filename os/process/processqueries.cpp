@@ -5,7 +5,6 @@
 
 #include <glib.h>
 
-#include <charconv>
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
@@ -40,10 +39,9 @@ std::string bytesOf(const fs::path& path)
 /// The process that an entry of the kernel's table is of; 0 for other entries.
 int processIn(const std::string& entry)
 {
-    int id = 0;
-    const char* const end = entry.data() + entry.size();
-    const auto [rest, error] = std::from_chars(entry.data(), end, id);
-    return error == std::errc() && rest == end ? id : 0;
+    gint64 id = 0;
+    g_ascii_string_to_signed(entry.c_str(), 10, 1, G_MAXINT, &id, nullptr);
+    return static_cast<int>(id);
 }
 
 /// The lowest id of the processes with this short name. Throws std::bad_alloc.

@@ -1,7 +1,8 @@
 #include "os/process/windowsystem.h"
 
 #include "os/process/xwindows.h"
-#include "windowsystem/x11/connection.h"
+#include "os/x11/connection.h"
+#include "os/x11/ownconnection.h"
 
 #include <QGuiApplication>
 
@@ -12,9 +13,11 @@
 #include <cstdlib>
 #include <functional>
 #include <future>
+#include <memory>
 #include <mutex>
 #include <system_error>
 #include <thread>
+#include <type_traits>
 
 namespace osUtils::Process {
 
@@ -24,14 +27,11 @@ using namespace std::chrono_literals;
 // Long enough for a distant server (a handful of round trips), short enough for a window that waits.
 constexpr auto longestWait = 3s;
 
-template <typename Answer>
-using Question = std::function<std::optional<Answer>(xcb_connection_t*, xcb_window_t)>;
-
-/// The toolkit's connection; null if it runs elsewhere or not at all.
-xcb_connection_t* toolkitConnection()
+/// Qt's connection; null if Qt runs elsewhere or not at all.
+xcb_connection_t* connectionOfQt()
 {
     const bool hasWindows = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
-    return hasWindows ? Windowing::X11::connection() : nullptr;
+    return hasWindows ? X11::connection() : nullptr;
 }
 
 /// The root window of a screen.
@@ -54,59 +54,62 @@ void blockSignals()
 
 /// Does what may never end on a thread of its own, and gives it up after a time. Until that has ended
 /// nothing else is begun, so that neither time nor threads are lost.
-template <typename Answer> std::optional<Answer> inTime(std::function<std::optional<Answer>()> work)
+/// @return  whether it is done
+bool isDoneInTime(const std::function<void()>& work)
 {
     static std::mutex guard;
-    static std::shared_future<std::optional<Answer>> givenUp;
+    static std::shared_future<void> givenUp;
 
     if (const std::lock_guard lock(guard);
         givenUp.valid() && givenUp.wait_for(0s) != std::future_status::ready)
-        return std::nullopt;
-    std::packaged_task<std::optional<Answer>()> task([work] {
+        return false;
+    std::packaged_task<void()> task([work] {
         blockSignals();
-        return work();
+        work();
     });
-    const auto answer = task.get_future().share();
+    const std::shared_future<void> end = task.get_future().share();
     try {
         std::thread(std::move(task)).detach();
     } catch (const std::system_error&) {
-        return std::nullopt; // no more threads to be had
+        return false; // no more threads to be had
     }
-    if (answer.wait_for(longestWait) == std::future_status::ready)
-        return answer.get();
+    if (end.wait_for(longestWait) == std::future_status::ready)
+        return true;
     const std::lock_guard lock(guard);
-    givenUp = answer;
-    return std::nullopt;
+    givenUp = end;
+    return false;
 }
 
-template <typename Answer> std::optional<Answer> ask(const Question<Answer>& question)
+/// What a function of a connection and a root window gives; nothing where there is no server.
+template <typename Question> auto ask(Question question)
 {
-    if (xcb_connection_t* connection = toolkitConnection())
-        return question(connection, Windowing::X11::rootWindow(connection));
+    using Answer = std::invoke_result_t<Question, xcb_connection_t*, xcb_window_t>;
+    if (xcb_connection_t* connection = connectionOfQt())
+        return question(connection, X11::rootWindow(connection));
 
     const char* variable = std::getenv("DISPLAY");
     if (!variable || !*variable)
-        return std::nullopt;
-    return inTime<Answer>([display = std::string(variable), question]() -> std::optional<Answer> {
+        return Answer();
+    const auto answer = std::make_shared<Answer>(); // the thread may live longer than this call
+    const bool isDone = isDoneInTime([answer, display = std::string(variable), question] {
         int screen = 0;
-        const Windowing::X11::OwnConnection connection(xcb_connect(display.c_str(), &screen));
-        if (xcb_connection_has_error(connection.get()))
-            return std::nullopt;
-        return question(connection.get(), rootWindow(connection.get(), screen));
+        const X11::OwnConnection connection(xcb_connect(display.c_str(), &screen));
+        if (!xcb_connection_has_error(connection.get()))
+            *answer = question(connection.get(), rootWindow(connection.get(), screen));
     });
+    return isDone ? *answer : Answer();
 }
 
 }
 
 std::optional<int> frontmostProcess()
 {
-    return ask<int>([](auto... screen) { return frontmostProcess(screen...); });
+    return ask([](auto... screen) { return frontmostProcess(screen...); });
 }
 
 std::optional<WindowIdentity> listedWindow(int process)
 {
-    return ask<WindowIdentity>(
-        [process](auto... screen) { return listedWindow(screen..., process); });
+    return ask([process](auto... screen) { return listedWindow(screen..., process); });
 }
 
 }

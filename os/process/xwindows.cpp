@@ -7,6 +7,7 @@
 
 #include <array>
 #include <climits>
+#include <map>
 #include <sstream>
 #include <string_view>
 #include <vector>
@@ -26,13 +27,15 @@ std::string hostName()
     return ::gethostname(name.data(), name.size()) == 0 ? name.data() : "";
 }
 
-using PropertyReply = ReplyPointer<xcb_get_property_reply_t>;
-
-/// Null if the window is not there.
-PropertyReply replyTo(xcb_connection_t* connection, xcb_get_property_cookie_t cookie)
+/// Null where there is none, as of a window that is gone.
+template <typename Reply, typename Cookie>
+ReplyPointer<Reply> replyTo(Reply* (*wait)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
+                            xcb_connection_t* connection, Cookie cookie)
 {
-    return PropertyReply(xcb_get_property_reply(connection, cookie, nullptr));
+    return ReplyPointer<Reply>(wait(connection, cookie, nullptr));
 }
+
+using PropertyReply = ReplyPointer<xcb_get_property_reply_t>;
 
 std::vector<uint32_t> numbersIn(const PropertyReply& reply)
 {
@@ -64,23 +67,23 @@ std::optional<int> toldProcess(const PropertyReply& id, const PropertyReply& mac
 
 xcb_window_t parentOf(xcb_connection_t* connection, xcb_window_t window)
 {
-    const ReplyPointer<xcb_query_tree_reply_t> reply(
-        xcb_query_tree_reply(connection, xcb_query_tree(connection, window), nullptr));
+    const auto reply =
+        replyTo(xcb_query_tree_reply, connection, xcb_query_tree(connection, window));
     return reply ? reply->parent : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 xcb_window_t windowUnderPointer(xcb_connection_t* connection, xcb_window_t window)
 {
-    const ReplyPointer<xcb_query_pointer_reply_t> reply(
-        xcb_query_pointer_reply(connection, xcb_query_pointer(connection, window), nullptr));
+    const auto reply =
+        replyTo(xcb_query_pointer_reply, connection, xcb_query_pointer(connection, window));
     const bool isInChild = reply && reply->child != XCB_WINDOW_NONE;
     return isInChild ? windowUnderPointer(connection, reply->child) : window;
 }
 
 xcb_window_t windowWithKeys(xcb_connection_t* connection, xcb_window_t root)
 {
-    const ReplyPointer<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
+    const auto reply =
+        replyTo(xcb_get_input_focus_reply, connection, xcb_get_input_focus(connection));
     if (!reply)
         return XCB_WINDOW_NONE;
     return reply->focus == XCB_INPUT_FOCUS_POINTER_ROOT ? windowUnderPointer(connection, root)
@@ -94,21 +97,15 @@ public:
         : connection(server)
         , root(rootWindow)
     {
-        constexpr std::string_view names[] = {
-            "_NET_ACTIVE_WINDOW",       "_NET_CLIENT_LIST",
-            "_NET_SUPPORTING_WM_CHECK", "_NET_WM_PID",
-            "WM_CLIENT_MACHINE",        "WM_CLASS",
-            "_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID",
-        };
-        static_assert(std::size(names) == PropertyCount);
-        std::array<xcb_intern_atom_cookie_t, PropertyCount> cookies{};
-        for (std::size_t i = 0; i < cookies.size(); ++i)
-            cookies[i] = xcb_intern_atom(connection, false, static_cast<uint16_t>(names[i].size()),
-                                         names[i].data());
-        for (std::size_t i = 0; i < cookies.size(); ++i) {
-            const ReplyPointer<xcb_intern_atom_reply_t> reply(
-                xcb_intern_atom_reply(connection, cookies[i], nullptr));
-            atoms[i] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+        std::map<std::string_view, xcb_intern_atom_cookie_t> cookies;
+        for (const std::string_view name :
+             {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_PID",
+              "_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID"})
+            cookies[name] =
+                xcb_intern_atom(connection, false, static_cast<uint16_t>(name.size()), name.data());
+        for (const auto& [name, cookie] : cookies) {
+            const auto reply = Process::replyTo(xcb_intern_atom_reply, connection, cookie);
+            atoms[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
         }
         // A server that is far away, or in a process namespace of its own, knows us by another number.
         const xcb_query_extension_reply_t* resources =
@@ -124,13 +121,10 @@ public:
         if (manager == XCB_WINDOW_NONE)
             return processAround(windowWithKeys(connection, root));
 
-        const std::vector<uint32_t> active =
-            numbersIn(replyTo(connection, ask(root, ActiveWindow)));
+        const std::vector<uint32_t> active = numbersOf(root, "_NET_ACTIVE_WINDOW");
         if (!active.empty() && active.front() == XCB_WINDOW_NONE)
             return std::nullopt;
-        std::optional<int> process;
-        if (!active.empty())
-            process = read(askOwner(active.front()));
+        auto process = active.empty() ? std::nullopt : read(askOwner(active.front()));
         // It may be gone by now. The manager's own windows have the keys where no other has.
         if (!process) {
             process = processAround(windowWithKeys(connection, root));
@@ -143,7 +137,7 @@ public:
     [[nodiscard]] std::optional<WindowIdentity> listedWindow(int process) const
     {
         std::vector<OwnerCookies> owners;
-        for (const xcb_window_t window : numbersIn(replyTo(connection, ask(root, ClientList))))
+        for (const xcb_window_t window : numbersOf(root, "_NET_CLIENT_LIST"))
             owners.push_back(askOwner(window));
 
         xcb_window_t found = XCB_WINDOW_NONE;
@@ -153,33 +147,19 @@ public:
         }
         if (found == XCB_WINDOW_NONE)
             return std::nullopt;
-        const auto desktopFile = ask(found, DesktopFile);
-        const auto gtkApplication = ask(found, GtkApplication);
-        const auto windowClass = ask(found, WindowClassNames);
-        WindowIdentity names{bytesIn(replyTo(connection, desktopFile)),
-                             bytesIn(replyTo(connection, gtkApplication)),
-                             {},
-                             {}};
+        const auto desktopFile = ask(found, atoms.at("_KDE_NET_WM_DESKTOP_FILE"));
+        const auto gtkApplication = ask(found, atoms.at("_GTK_APPLICATION_ID"));
+        const auto windowClass = ask(found, XCB_ATOM_WM_CLASS);
+        WindowIdentity names{
+            bytesIn(replyTo(desktopFile)), bytesIn(replyTo(gtkApplication)), {}, {}};
         // Two texts that each end with a zero byte.
-        std::istringstream classNames(bytesIn(replyTo(connection, windowClass)));
+        std::istringstream classNames(bytesIn(replyTo(windowClass)));
         std::getline(classNames, names.instance, '\0');
         std::getline(classNames, names.className, '\0');
         return names;
     }
 
 private:
-    /// In the order of their names above.
-    enum Property {
-        ActiveWindow,
-        ClientList,
-        ManagerCheck,
-        ProcessId,
-        ClientMachine,
-        WindowClassNames,
-        DesktopFile,
-        GtkApplication,
-        PropertyCount,
-    };
     /// Questions under way: on a distant server every wait counts. All are to be read.
     struct OwnerCookies {
         xcb_window_t window;
@@ -188,10 +168,20 @@ private:
         xcb_res_query_client_ids_cookie_t client;
     };
 
-    [[nodiscard]] xcb_get_property_cookie_t ask(xcb_window_t window, Property property) const
+    [[nodiscard]] xcb_get_property_cookie_t ask(xcb_window_t window, xcb_atom_t property) const
     {
-        return xcb_get_property(connection, false, window, atoms[property],
-                                XCB_GET_PROPERTY_TYPE_ANY, 0, longest);
+        return xcb_get_property(connection, false, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
+                                longest);
+    }
+
+    [[nodiscard]] PropertyReply replyTo(xcb_get_property_cookie_t cookie) const
+    {
+        return Process::replyTo(xcb_get_property_reply, connection, cookie);
+    }
+
+    [[nodiscard]] std::vector<uint32_t> numbersOf(xcb_window_t window, const char* property) const
+    {
+        return numbersIn(replyTo(ask(window, atoms.at(property))));
     }
 
     [[nodiscard]] xcb_res_query_client_ids_cookie_t askClient(uint32_t resource) const
@@ -202,8 +192,7 @@ private:
 
     [[nodiscard]] std::optional<int> processOf(xcb_res_query_client_ids_cookie_t cookie) const
     {
-        const ReplyPointer<xcb_res_query_client_ids_reply_t> reply(
-            xcb_res_query_client_ids_reply(connection, cookie, nullptr));
+        const auto reply = Process::replyTo(xcb_res_query_client_ids_reply, connection, cookie);
         if (!reply || reply->num_ids != 1)
             return std::nullopt;
         const xcb_res_client_id_value_t* const value =
@@ -215,7 +204,10 @@ private:
 
     [[nodiscard]] OwnerCookies askOwner(xcb_window_t window) const
     {
-        OwnerCookies cookies{window, ask(window, ProcessId), ask(window, ClientMachine), {}};
+        OwnerCookies cookies{window,
+                             ask(window, atoms.at("_NET_WM_PID")),
+                             ask(window, XCB_ATOM_WM_CLIENT_MACHINE),
+                             {}};
         if (serverKnowsProcesses)
             cookies.client = askClient(window);
         return cookies;
@@ -223,8 +215,8 @@ private:
 
     [[nodiscard]] std::optional<int> read(const OwnerCookies& cookies) const
     {
-        const PropertyReply id = replyTo(connection, cookies.id);
-        const PropertyReply machine = replyTo(connection, cookies.machine);
+        const PropertyReply id = replyTo(cookies.id);
+        const PropertyReply machine = replyTo(cookies.machine);
         const auto owner = serverKnowsProcesses ? processOf(cookies.client) : std::nullopt;
         // The number of a window that is gone is one of a client that lives, or of another by now.
         if (owner && machine)
@@ -246,15 +238,15 @@ private:
     {
         // It announces itself by a window of its own that names itself. A window manager that has ended
         // leaves its properties behind.
-        const std::vector<uint32_t> check = numbersIn(replyTo(connection, ask(root, ManagerCheck)));
-        const bool runs = !check.empty()
-            && numbersIn(replyTo(connection, ask(check.front(), ManagerCheck))) == check;
+        constexpr auto property = "_NET_SUPPORTING_WM_CHECK";
+        const std::vector<uint32_t> check = numbersOf(root, property);
+        const bool runs = !check.empty() && numbersOf(check.front(), property) == check;
         return runs ? check.front() : xcb_window_t{XCB_WINDOW_NONE};
     }
 
     xcb_connection_t* connection;
     const xcb_window_t root;
-    std::array<xcb_atom_t, PropertyCount> atoms{};
+    std::map<std::string_view, xcb_atom_t> atoms;
     bool serverKnowsProcesses = false;
 };
 

@@ -105,8 +105,8 @@ void ApplicationsTest::theEnvironmentNamesTheAutostartFolders()
 
     // when
     std::string folders;
-    for (const std::string& folder : autostartFolders())
-        folders += folder + ' ';
+    for (const std::filesystem::path& folder : autostartFolders())
+        folders += folder.native() + ' ';
 
     // then
     QTEST(folders, "folders");

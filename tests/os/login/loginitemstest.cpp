@@ -509,7 +509,7 @@ void LoginItemsTest::aUrlMadeByTheCallerIsNeverFound()
     // then
     QCOMPARE(indexForLoginItemWithURL(url), -1);
     QCOMPARE(indexForLoginItemWithURL(nullptr), -1);
-    QCOMPARE(indexForLoginItemWithURL(LoginItemUrl::fromRawText(url->path())), -1);
+    QCOMPARE(indexForLoginItemWithURL(LoginItemUrl::ofEntry("", url->path())), -1);
 }
 
 void LoginItemsTest::theUrlOfAnItemThatNowStartsAnotherProgramIsNotFound()

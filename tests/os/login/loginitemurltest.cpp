@@ -37,7 +37,7 @@ void LoginItemUrlTest::theTextIsEncoded_data()
     row("root", LoginItemUrl::fromPath("/"), "file:///");
     row("reserved", LoginItemUrl::fromPath("/a b?c#d%e"), "file:///a%20b%3Fc%23d%25e");
     row("bytes", LoginItemUrl::fromPath("/\xc3\xa9\xff"), "file:///%C3%A9%FF");
-    row("raw", LoginItemUrl::fromRawText("gone: now"), "gone%3A%20now");
+    row("raw", LoginItemUrl::ofEntry("", "gone: now"), "gone%3A%20now");
 }
 
 void LoginItemUrlTest::theTextIsEncoded()
@@ -149,7 +149,7 @@ void LoginItemUrlTest::aTextIsFoundWhateverItsCase()
     QFETCH(bool, isFound);
 
     // then
-    QCOMPARE(LoginItemUrl::fromRawText(path)->pathContains(text), isFound);
+    QCOMPARE(LoginItemUrl::ofEntry("", path)->pathContains(text), isFound);
 }
 
 REGISTER_TEST(LoginItemUrlTest, TestSupport::NoApplication)

@@ -1,6 +1,5 @@
-#include "os/login/startwithos.h"
-
 #include "os/login/loginitems.h"
+
 #include "tests/os/desktopentry/session.h"
 #include "tests/os/login/listedpaths.h"
 #include "tests/support/testprogram.h"
