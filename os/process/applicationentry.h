@@ -1,6 +1,6 @@
 #pragma once
 
-#include "os/process/windowsystem.h"
+#include "os/process/xwindows.h"
 
 #include <string>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "os/process/processqueries.h"
 
 #include "os/process/applicationentry.h"
-#include "os/process/windowsystem.h"
+#include "os/process/xwindows.h"
 
 #include <glib.h>
 

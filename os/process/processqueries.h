@@ -3,7 +3,7 @@
 #include <string>
 
 /// Finds and describes other running programs. All names and paths are bytes, as the system has
-/// them. Nothing here needs a display or the toolkit; any thread may call it.
+/// them. Nothing here needs a display or Qt; any thread may call it.
 namespace osUtils::Process {
 
 /// What getPidInfos() tells of one process.
@@ -45,9 +45,9 @@ void getPidInfos(pidInfos* info);
 /// window, or one on another machine. The X server is asked whose the window is. Where it does not
 /// tell, or counts processes otherwise than this machine does, the window's own word is taken.
 ///
-/// Asks over the toolkit's connection if it has one, and then waits as the toolkit does, else over
-/// one of its own to $DISPLAY. A server there that does not answer is given up after three seconds;
-/// until it answers or goes away, further questions find nothing at once.
+/// Asks over Qt's connection if it has one, and then waits as Qt does, else over one of its own to
+/// $DISPLAY. A server there that does not answer is given up after three seconds; until it answers
+/// or goes away, further questions find nothing at once.
 [[nodiscard]] int getCurrentFocusProcess();
 
 /// The name of a process's program; empty if there is no such process. The kernel keeps 15 bytes of

@@ -1,20 +1,29 @@
 #pragma once
 
-#include "os/process/windowsystem.h"
+#include <optional>
+#include <string>
 
-#include <xcb/xcb.h>
-
-/// Finds processes by their windows, and windows by their processes, on one screen of an X server.
+/// What an X server knows of other programs and their windows; nothing where there is no server.
 ///
 /// The server knows the process at the other end of each connection. Where it does not, or where its
 /// numbers are not those of here, what windows tell of themselves has to do.
 namespace osUtils::Process {
 
-/// The process of the window that the user works with.
-[[nodiscard]] std::optional<int> frontmostProcess(xcb_connection_t* connection, xcb_window_t root);
+/// The names that a window bears; each may be empty.
+struct WindowIdentity {
+    /// Of its desktop entry, as told by the toolkits of KDE and GNOME.
+    std::string desktopFile;
+    std::string gtkApplication;
+    /// Of its class: a name for windows of its kind within the program, and one for the program.
+    std::string instance;
+    std::string className;
+};
 
-/// The first of the process's windows that the window manager lists.
-[[nodiscard]] std::optional<WindowIdentity> listedWindow(xcb_connection_t* connection,
-                                                         xcb_window_t root, int process);
+/// The process of the window that the user works with.
+[[nodiscard]] std::optional<int> frontmostProcess();
+
+/// The names that the first window of the process bears, of those that the window manager lists; none
+/// if it has no such window.
+[[nodiscard]] std::optional<WindowIdentity> listedWindow(int process);
 
 }
