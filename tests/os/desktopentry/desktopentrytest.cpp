@@ -1,21 +1,27 @@
 #include "os/desktopentry/desktopentry.h"
 
+#include "os/desktopentry/applications.h"
+#include "os/login/loginitems.h"
 #include "tests/os/desktopentry/session.h"
-#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
 
+#include <pwd.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/un.h>
 
-using osUtils::DesktopEntry;
+#include <cerrno>
+#include <optional>
+
+using namespace osUtils;
 using namespace TestSupport;
 
-Q_DECLARE_METATYPE(std::string)
-
 namespace {
+
+/// Home folder in the user database; no user where there is none.
+std::string databaseHome;
 
 std::string entryOf(const std::string& lines)
 {
@@ -24,18 +30,25 @@ std::string entryOf(const std::string& lines)
 
 }
 
-/// Desktop entries as files hold them.
+// Takes the place of the system's, for this program.
+extern "C" passwd* getpwuid(uid_t) noexcept
+{
+    static passwd entry{};
+    entry.pw_dir = databaseHome.data();
+    return databaseHome.empty() ? nullptr : &entry;
+}
+
+/// Desktop entries as files hold them, where the files are, and what they are called.
 class DesktopEntryTest : public QObject {
     Q_OBJECT
 
 private slots:
     void init();
+    void cleanup();
     void aValueIsReadByTheStandardsRules_data();
     void aValueIsReadByTheStandardsRules();
-    void anEntryIsFoundAmongOtherThings_data();
-    void anEntryIsFoundAmongOtherThings();
-    void whatIsNoApplicationIsNone_data();
-    void whatIsNoApplicationIsNone();
+    void onlyAnApplicationsEntryIsOne_data();
+    void onlyAnApplicationsEntryIsOne();
     void onlyTrueIsTrue_data();
     void onlyTrueIsTrue();
     void theNameIsInTheUsersLanguage_data();
@@ -43,6 +56,11 @@ private slots:
     void whatIsNoEntryIsNotRead_data();
     void whatIsNoEntryIsNotRead();
     void everyByteComesBackAsItWasWritten();
+    void theEnvironmentNamesTheAutostartFolders_data();
+    void theEnvironmentNamesTheAutostartFolders();
+    void withoutAHomeThereAreNoItemsAndNoneIsAdded();
+    void filesComeByFolderAndIdentifier();
+    void foldersThatHoldThemselvesEnd();
 
 private:
     [[nodiscard]] std::optional<DesktopEntry> read(const std::string& bytes) const
@@ -51,33 +69,35 @@ private:
         return DesktopEntry::read(file);
     }
 
-    Session session;
-    const std::string file = session.root() / "a.desktop";
+    std::optional<Session> session;
+    Path file;
 };
 
 void DesktopEntryTest::init()
 {
     QTest::failOnWarning(QRegularExpression(".?"));
     g_log_set_always_fatal(G_LOG_LEVEL_WARNING);
-    std::filesystem::remove_all(file);
+    session.emplace();
+    file = session->root() / "a.desktop";
+}
+
+void DesktopEntryTest::cleanup()
+{
+    session.reset();
+    databaseHome.clear();
 }
 
 void DesktopEntryTest::aValueIsReadByTheStandardsRules_data()
 {
-    QTest::addColumn<std::string>("text");
-    QTest::addColumn<std::string>("value");
-
-    const auto row = [](const char* name, const char* text, const char* value) {
-        QTest::newRow(name) << std::string(text) << std::string(value);
-    };
-    row("plain", "/usr/bin/a -b", "/usr/bin/a -b");
-    row("blanks around", "  A B  ", "A B  ");
-    row("escapes", "\\sA\\tB\\nC\\rD\\\\", " A\tB\nC\rD\\");
-    row("an escaped backslash before a letter", "\\\\n", "\\n");
-    row("wrong escapes", "C:\\Tools\\q", "C:\\Tools\\q");
-    row("a backslash at the end", "C:\\Tools\\", "C:\\Tools\\");
-    row("Latin-1", "caf\xe9", "caf\xe9");
-    row("nothing", "", "");
+    addTextRows({"text", "value"},
+                {{"plain", "/usr/bin/a -b", "/usr/bin/a -b"},
+                 {"blanks around", "  A B  ", "A B  "},
+                 {"escapes", "\\sA\\tB\\nC\\rD\\\\", " A\tB\nC\rD\\"},
+                 {"an escaped backslash before a letter", "\\\\n", "\\n"},
+                 {"wrong escapes", "C:\\Tools\\q", "C:\\Tools\\q"},
+                 {"a backslash at the end", "C:\\Tools\\", "C:\\Tools\\"},
+                 {"Latin-1", "caf\xe9", "caf\xe9"},
+                 {"nothing", "", ""}});
 }
 
 void DesktopEntryTest::aValueIsReadByTheStandardsRules()
@@ -91,30 +111,39 @@ void DesktopEntryTest::aValueIsReadByTheStandardsRules()
     // then
     QVERIFY(entry);
     QTEST(entry->value("Exec"), "value");
-    QCOMPARE(entry->path(), file);
+    QCOMPARE(entry->path(), file.native());
     QCOMPARE(entry->value("Missing"), std::string());
 }
 
-void DesktopEntryTest::anEntryIsFoundAmongOtherThings_data()
+void DesktopEntryTest::onlyAnApplicationsEntryIsOne_data()
 {
-    QTest::addColumn<std::string>("bytes");
-
     const std::string start = "Type=Application\nName=A\nExec=/a -b\n";
-    QTest::newRow("plain") << entryOf(start);
-    QTest::newRow("remarks before it") << "# a\n\n" + entryOf(start);
-    QTest::newRow("line ends of two bytes")
-        << std::string("[Desktop Entry]\r\nType=Application\r\nExec=/a -b\r\n");
-    QTest::newRow("no line end") << entryOf("Type=Application\nExec=/a -b");
-    QTest::newRow("blanks around the sign") << entryOf("Type = Application\nExec = /a -b\n");
-    QTest::newRow("other groups") << entryOf(start) + "[Desktop Action X]\nExec=/b\nHidden=true\n";
-    QTest::newRow("not deleted") << entryOf(start + "Hidden=false\n");
-    QTest::newRow("not in menus") << entryOf(start + "NoDisplay=true\n");
-    QTest::newRow("a key in Latin-1") << entryOf(start + "Comment=caf\xe9\n");
-    QTest::newRow("translations") << entryOf(start + "Name[de]=\xc3\xa4\n");
-    QTest::newRow("for one desktop only") << entryOf(start + "OnlyShowIn=KDE;\n");
+    addTextRows(
+        {"bytes", "exec"},
+        {{"plain", entryOf(start), "/a -b"},
+         {"remarks before it", "# a\n\n" + entryOf(start), "/a -b"},
+         {"line ends of two bytes", "[Desktop Entry]\r\nType=Application\r\nExec=/a -b\r\n",
+          "/a -b"},
+         {"no line end", entryOf("Type=Application\nExec=/a -b"), "/a -b"},
+         {"blanks around the sign", entryOf("Type = Application\nExec = /a -b\n"), "/a -b"},
+         {"other groups", entryOf(start) + "[Desktop Action X]\nExec=/b\nHidden=true\n", "/a -b"},
+         {"not deleted", entryOf(start + "Hidden=false\n"), "/a -b"},
+         {"not in menus", entryOf(start + "NoDisplay=true\n"), "/a -b"},
+         {"a key in Latin-1", entryOf(start + "Comment=caf\xe9\n"), "/a -b"},
+         {"translations", entryOf(start + "Name[de]=\xc3\xa4\n"), "/a -b"},
+         {"for one desktop only", entryOf(start + "OnlyShowIn=KDE;\n"), "/a -b"},
+         {"nothing", "", "none"},
+         {"no group", "Type=Application\nExec=/a\n", "none"},
+         {"another group", "[Other]\nType=Application\nExec=/a\n", "none"},
+         {"no type", entryOf("Exec=/a\n"), "none"},
+         {"a link", entryOf("Type=Link\nURL=/a\n"), "none"},
+         {"deleted", entryOf("Type=Application\nExec=/a\nHidden=true\n"), "none"},
+         {"no key", entryOf("Type=Application\nExec=/a\nwhat\n"), "none"},
+         {"zeros", std::string(5000, '\0'), "none"},
+         {"any bytes", "\x7f\x45LF\x02\x01\xff\xfe[\n=\n", "none"}});
 }
 
-void DesktopEntryTest::anEntryIsFoundAmongOtherThings()
+void DesktopEntryTest::onlyAnApplicationsEntryIsOne()
 {
     // given
     QFETCH(std::string, bytes);
@@ -123,36 +152,7 @@ void DesktopEntryTest::anEntryIsFoundAmongOtherThings()
     const auto entry = read(bytes);
 
     // then
-    QVERIFY(entry && entry->isApplication());
-    QCOMPARE(entry->value("Exec"), std::string("/a -b"));
-}
-
-void DesktopEntryTest::whatIsNoApplicationIsNone_data()
-{
-    QTest::addColumn<std::string>("bytes");
-
-    QTest::newRow("nothing") << std::string();
-    QTest::newRow("no group") << std::string("Type=Application\nExec=/a\n");
-    QTest::newRow("another group") << std::string("[Other]\nType=Application\nExec=/a\n");
-    QTest::newRow("no type") << entryOf("Exec=/a\n");
-    QTest::newRow("a link") << entryOf("Type=Link\nURL=/a\n");
-    QTest::newRow("deleted") << entryOf("Type=Application\nExec=/a\nHidden=true\n");
-    QTest::newRow("no key") << entryOf("Type=Application\nExec=/a\nwhat\n");
-    QTest::newRow("zeros") << std::string(5000, '\0');
-    QTest::newRow("any bytes") << std::string("\x7f"
-                                              "ELF\x02\x01\xff\xfe[\n=\n");
-}
-
-void DesktopEntryTest::whatIsNoApplicationIsNone()
-{
-    // given
-    QFETCH(std::string, bytes);
-
-    // when
-    const auto entry = read(bytes);
-
-    // then
-    QVERIFY(!entry || !entry->isApplication());
+    QTEST(entry && entry->isApplication() ? entry->value("Exec") : "none", "exec");
 }
 
 void DesktopEntryTest::onlyTrueIsTrue_data()
@@ -182,23 +182,21 @@ void DesktopEntryTest::onlyTrueIsTrue()
 
 void DesktopEntryTest::theNameIsInTheUsersLanguage_data()
 {
-    QTest::addColumn<std::string>("language");
-    QTest::addColumn<std::string>("name");
-
-    QTest::newRow("translated") << std::string("de") << std::string("Zeichner");
-    QTest::newRow("of a country") << std::string("de_AT.UTF-8") << std::string("Zeichna");
-    QTest::newRow("of another country") << std::string("de_CH") << std::string("Zeichner");
-    QTest::newRow("not translated") << std::string("fr") << std::string("Painter");
-    QTest::newRow("second choice") << std::string("fr:de") << std::string("Zeichner");
-    QTest::newRow("no text") << std::string("it") << std::string();
-    QTest::newRow("none") << std::string("C") << std::string("Painter");
+    addTextRows({"language", "name"},
+                {{"translated", "de", "Zeichner"},
+                 {"of a country", "de_AT.UTF-8", "Zeichna"},
+                 {"of another country", "de_CH", "Zeichner"},
+                 {"not translated", "fr", "Painter"},
+                 {"second choice", "fr:de", "Zeichner"},
+                 {"no text", "it", ""},
+                 {"none", "C", "Painter"}});
 }
 
 void DesktopEntryTest::theNameIsInTheUsersLanguage()
 {
     // given
     QFETCH(std::string, language);
-    session.set("LANGUAGE", language);
+    session->set("LANGUAGE", language);
 
     // when
     const auto entry =
@@ -220,7 +218,7 @@ void DesktopEntryTest::whatIsNoEntryIsNotRead_data()
     };
     row("nothing", [](const std::string&) {});
     row("a huge file", [](const std::string& path) {
-        writeFile(path, entryOf("Type=Application\n") + std::string(3 * 1024 * 1024, '\n'));
+        writeFile(path, entryText("/a") + std::string(3 * 1024 * 1024, '\n'));
     });
     row("an endless file", [](const std::string& path) {
         writeFile(path, "");
@@ -270,5 +268,92 @@ void DesktopEntryTest::everyByteComesBackAsItWasWritten()
     QCOMPARE(copy->value("Path"), value);
 }
 
-REGISTER_TEST(DesktopEntryTest, TestSupport::NoApplication)
+void DesktopEntryTest::theEnvironmentNamesTheAutostartFolders_data()
+{
+    addTextRows(
+        {"config", "home", "database", "system", "folders"},
+        {{"chosen", "/c", "/home/a", "/home/b", "/x:/y", "/c/autostart /x/autostart /y/autostart "},
+         {"home", "", "/home/a", "/home/b", "/x", "/home/a/.config/autostart /x/autostart "},
+         {"relative", "c", "/home/a", "", "x::/y:", "/home/a/.config/autostart /y/autostart "},
+         {"user database", "", "", "/home/b", "/x", "/home/b/.config/autostart /x/autostart "},
+         {"relative home", "", "a", "/home/b", "/x", "/home/b/.config/autostart /x/autostart "},
+         {"colon in the user's", "/c:d", "", "", "/x", "/c:d/autostart /x/autostart "},
+         {"not normal", "/c//d/../", "", "", "/x/./", "/c/autostart /x/autostart "},
+         {"defaults", "", "", "", "", " /etc/xdg/autostart "}});
+}
+
+void DesktopEntryTest::theEnvironmentNamesTheAutostartFolders()
+{
+    // given
+    QFETCH(std::string, config);
+    QFETCH(std::string, home);
+    QFETCH(std::string, database);
+    QFETCH(std::string, system);
+    session->set("XDG_CONFIG_HOME", config);
+    session->set("HOME", home);
+    session->set("XDG_CONFIG_DIRS", system);
+    databaseHome = database;
+
+    // when
+    std::string folders;
+    for (const std::filesystem::path& folder : autostartFolders())
+        folders += folder.native() + ' ';
+
+    // then
+    QTEST(folders, "folders");
+}
+
+void DesktopEntryTest::withoutAHomeThereAreNoItemsAndNoneIsAdded()
+{
+    // given
+    session->unset("XDG_CONFIG_HOME");
+    session->unset("HOME");
+
+    // when
+    const OSStatus status = LIAEAddRefAtEnd("/bin/sh", false);
+
+    // then
+    LoginItemArrayRef items;
+    QCOMPARE(status, OSStatus{ENOENT});
+    QCOMPARE(LIAECopyLoginItems(items), LoginItemStatus::success);
+    QVERIFY(items->empty());
+}
+
+void DesktopEntryTest::filesComeByFolderAndIdentifier()
+{
+    // given
+    writeFile(session->root() / "two/applications/a.desktop", "");
+    writeFile(session->root() / "two/applications/d.desktop", "");
+    writeFile(session->applications() / "d.desktop", "");
+    writeFile(session->applications() / "c.desktop", "");
+    for (const char* other : {"a.desktop.bak", "mimeinfo.cache", ".desktop", "e.desktop/b"})
+        writeFile(session->applications() / other, "");
+
+    // when
+    session->set("XDG_DATA_DIRS", "/nowhere:" + (session->root() / "two").native());
+    const std::vector<ApplicationFile> files = applicationFiles();
+
+    // then
+    std::string identifiers;
+    for (const ApplicationFile& application : files)
+        identifiers += application.id + ' ';
+    QCOMPARE(identifiers, std::string("c d a "));
+    QCOMPARE(applicationPath(files, "d"), (session->applications() / "d.desktop").native());
+}
+
+void DesktopEntryTest::foldersThatHoldThemselvesEnd()
+{
+    // given
+    writeFile(session->applications() / "a.desktop", "");
+    std::filesystem::create_symlink(".", session->applications() / "x");
+
+    // when
+    const std::vector<ApplicationFile> files = applicationFiles();
+
+    // then
+    QVERIFY(files.size() < 20);
+    QVERIFY(applicationPath(files, "x-a").ends_with("/x/a.desktop"));
+}
+
+QTEST_APPLESS_MAIN(DesktopEntryTest)
 #include "desktopentrytest.moc"

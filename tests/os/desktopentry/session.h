@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QTest>
 #include <QtGlobal>
 
 #include <cstdio>
@@ -13,8 +14,11 @@
 #include <set>
 #include <string>
 #include <system_error>
+#include <vector>
 
 #include <unistd.h>
+
+Q_DECLARE_METATYPE(std::string)
 
 namespace TestSupport {
 
@@ -32,10 +36,25 @@ inline std::string readFile(const Path& path)
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
-/// The text of an application's entry.
-inline std::string applicationText(const std::string& name, const std::string& more = {})
+/// The text of an entry that starts a program.
+/// @param more  further lines
+inline std::string entryText(const std::string& exec, const std::string& more = {})
 {
-    return "[Desktop Entry]\nType=Application\nExec=true\nName=" + name + '\n' + more;
+    return "[Desktop Entry]\nType=Application\nName=Painter\nExec=" + exec + '\n' + more;
+}
+
+/// Adds a table of texts.
+/// @param rows  a name for each, and a text for each column
+inline void addTextRows(const std::vector<const char*>& columns,
+                        const std::vector<std::vector<std::string>>& rows)
+{
+    for (const char* column : columns)
+        QTest::addColumn<std::string>(column);
+    for (const std::vector<std::string>& row : rows) {
+        QTestData& data = QTest::newRow(row.front().c_str());
+        for (auto text = row.begin() + 1; text != row.end(); ++text)
+            data << *text;
+    }
 }
 
 /// Names of what a folder holds, those that begin with a dot included.
@@ -126,9 +145,15 @@ public:
     }
 
     /// Makes an entry in the autostart folder, as another program would.
-    void addEntry(const std::string& fileName, const std::string& lines) const
+    void addEntry(const std::string& fileName, const std::string& exec,
+                  const std::string& more = {}) const
     {
-        writeFile(autostart() / fileName, "[Desktop Entry]\n" + lines);
+        writeFile(autostart() / fileName, entryText(exec, more));
+    }
+    /// The same for all users.
+    void addSystemEntry(const std::string& fileName, const std::string& exec) const
+    {
+        writeFile(systemAutostart() / fileName, entryText(exec));
     }
 
 private:

@@ -47,23 +47,18 @@ private slots:
 
 void CommandLineTest::aLineIsMadeOfWords_data()
 {
-    QTest::addColumn<std::string>("line");
-    QTest::addColumn<std::string>("words");
-
-    const auto row = [](const char* name, const char* line, const char* words) {
-        QTest::newRow(name) << std::string(line) << std::string(words);
-    };
-    row("arguments", "/a --b  c", "/a|--b|c|");
-    row("quotes", "\"/a b\" 'c d' \"\"", "/a b|c d||");
-    row("escapes", "a\\ b \"\\$c\\\\\"", "a b|$c\\|");
-    row("files to open", "a %f %F %u %U %d b", "a|b|");
-    row("files to open within words", "a --b=%f%u", "a|--b=|");
-    row("a name", "a -t %c --t=%c", "a|-t|A painter|--t=A painter|");
-    row("no icon", "a %i b", "a|b|");
-    row("percent signs", "a %% 50%%u 3%", "a|%|50%u|3%|");
-    row("an open quote", "\"/a b", "");
-    row("a backslash at the end", "C:\\Tools\\", "");
-    row("nothing", "", "");
+    addTextRows({"line", "words"},
+                {{"arguments", "/a --b  c", "/a|--b|c|"},
+                 {"quotes", "\"/a b\" 'c d' \"\"", "/a b|c d||"},
+                 {"escapes", "a\\ b \"\\$c\\\\\"", "a b|$c\\|"},
+                 {"files to open", "a %f %F %u %U %d b", "a|b|"},
+                 {"files to open within words", "a --b=%f%u", "a|--b=|"},
+                 {"a name", "a -t %c --t=%c", "a|-t|A painter|--t=A painter|"},
+                 {"no icon", "a %i b", "a|b|"},
+                 {"percent signs", "a %% 50%%u 3%", "a|%|50%u|3%|"},
+                 {"an open quote", "\"/a b", ""},
+                 {"a backslash at the end", "C:\\Tools\\", ""},
+                 {"nothing", "", ""}});
 }
 
 void CommandLineTest::aLineIsMadeOfWords()

@@ -96,15 +96,6 @@ Paths remainderOf(const Session& session, int worker)
     return remainder;
 }
 
-/// Paths of the items in which a text occurs.
-Paths listedPathsWith(const std::string& part)
-{
-    Paths paths = listedPaths();
-    std::erase_if(paths,
-                  [&](const std::string& path) { return path.find(part) == std::string::npos; });
-    return paths;
-}
-
 }
 
 /// Login items when the system refuses a step or ends the process, and when others change them too.
@@ -112,8 +103,16 @@ class LoginItemFailuresTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
-    void cleanup();
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".?"));
+        session.emplace();
+    }
+    void cleanup()
+    {
+        systemCallPlan = {};
+        session.reset();
+    }
     void aFailedAdditionLeavesTheFolderAsItWas_data();
     void aFailedAdditionLeavesTheFolderAsItWas();
     void aFailedRemovalIsReported();
@@ -136,18 +135,6 @@ private:
     std::optional<Session> session;
 };
 
-void LoginItemFailuresTest::init()
-{
-    QTest::failOnWarning(QRegularExpression(".?"));
-    session.emplace();
-}
-
-void LoginItemFailuresTest::cleanup()
-{
-    systemCallPlan = {};
-    session.reset();
-}
-
 void LoginItemFailuresTest::aFailedAdditionLeavesTheFolderAsItWas_data()
 {
     QTest::addColumn<std::string>("call");
@@ -169,7 +156,7 @@ void LoginItemFailuresTest::aFailedAdditionLeavesTheFolderAsItWas()
     QFETCH(std::string, call);
     QFETCH(int, successes);
     QFETCH(int, error);
-    session->addEntry("a.desktop", "Type=Application\nExec=/a\n");
+    session->addEntry("a.desktop", "/a");
 
     // when
     bool isAdded = true;
@@ -185,7 +172,7 @@ void LoginItemFailuresTest::aFailedAdditionLeavesTheFolderAsItWas()
 void LoginItemFailuresTest::aFailedRemovalIsReported()
 {
     // given
-    session->addEntry("a.desktop", "Type=Application\nExec=/a\n");
+    session->addEntry("a.desktop", "/a");
     const LoginItemUrlRef url = allLoginItems()->at(0).URL;
     const std::string expected = removeMessage + std::to_string(EROFS);
 
@@ -203,19 +190,20 @@ void LoginItemFailuresTest::aFailedRemovalIsReported()
 
 void LoginItemFailuresTest::aFailedRemovalOfOneForAllUsersChangesNothing_data()
 {
-    QTest::addColumn<std::string>("call");
-
-    for (const char* call : {"open", "write", "fsync", "linkat", "rename"})
-        QTest::newRow(call) << std::string(call);
+    addTextRows({"call"},
+                {{"making the file", "open"},
+                 {"writing", "write"},
+                 {"syncing", "fsync"},
+                 {"naming the file", "linkat"},
+                 {"taking the other's place", "rename"}});
 }
 
 void LoginItemFailuresTest::aFailedRemovalOfOneForAllUsersChangesNothing()
 {
     // given
     QFETCH(std::string, call);
-    writeFile(session->systemAutostart() / "a.desktop",
-              "[Desktop Entry]\nType=Application\nExec=/all\n");
-    session->addEntry("a.desktop", "Type=Application\nExec=/mine\n");
+    session->addSystemEntry("a.desktop", "/all");
+    session->addEntry("a.desktop", "/mine");
 
     // when
     const std::string printed =
@@ -262,7 +250,7 @@ void LoginItemFailuresTest::anotherNameIsTriedWhereOneIsTaken()
 {
     // given
     const std::string application = session->applications() / "a.desktop";
-    writeFile(application, "[Desktop Entry]\nType=Application\nExec=sh\n");
+    writeFile(application, entryText("sh"));
     writeFile(session->autostart() / "a.desktop", "mine");
 
     // when
@@ -290,7 +278,7 @@ void LoginItemFailuresTest::permissionsThatAreMissingAreReported()
     // given
     QFETCH(int, folderMode);
     QFETCH(std::string, expected);
-    session->addEntry("a.desktop", "Type=Application\nExec=/a\n");
+    session->addEntry("a.desktop", "/a");
     using std::filesystem::perms;
     std::filesystem::permissions(session->root(), perms{0755});
     std::filesystem::permissions(session->autostart(), perms(folderMode));
@@ -326,9 +314,9 @@ void LoginItemFailuresTest::whatCannotBeReadIsPassedOver()
     // given
     QFETCH(bool, isLink);
     using std::filesystem::perms;
-    session->addEntry("b.desktop", "Type=Application\nExec=/b\n");
+    session->addEntry("b.desktop", "/b");
     const Path closed = session->root() / "closed";
-    writeFile(closed / "a", "[Desktop Entry]\nType=Application\nExec=/a\n");
+    writeFile(closed / "a", entryText("/a"));
     if (isLink)
         std::filesystem::create_symlink(closed / "a", session->autostart() / "a.desktop");
     else
@@ -374,8 +362,7 @@ void LoginItemFailuresTest::aKillAtAnyMomentLeavesAValidFolder()
     QFETCH(int, change);
     bool wasKilled = true;
     int moments = 0;
-    writeFile(session->systemAutostart() / "a.desktop",
-              "[Desktop Entry]\nType=Application\nExec=/all\n");
+    session->addSystemEntry("a.desktop", "/all");
 
     for (; wasKilled; ++moments) {
         std::filesystem::remove_all(session->autostart());
@@ -440,8 +427,13 @@ void LoginItemFailuresTest::twoProcessesAndThreadsLoseNothing()
     // then
     QVERIFY(firstSucceeds);
     QVERIFY(secondSucceeds);
-    QCOMPARE(listedPathsWith("worker1-"), remainderOf(*session, 1));
-    QCOMPARE(listedPathsWith("worker2-"), remainderOf(*session, 2));
+    for (const int worker : {1, 2}) {
+        Paths paths = listedPaths();
+        const std::string name = "worker" + std::to_string(worker) + '-';
+        std::erase_if(
+            paths, [&](const std::string& path) { return path.find(name) == std::string::npos; });
+        QCOMPARE(paths, remainderOf(*session, worker));
+    }
     QCOMPARE(namesIn(session->autostart()).size(), itemCount());
 }
 

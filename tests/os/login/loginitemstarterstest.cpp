@@ -137,7 +137,11 @@ class LoginItemStartersTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".?"));
+        session.emplace();
+    }
     void cleanup() { session.reset(); }
     void everyProgramIsStartedHiddenOrNot_data() { addStarters(); }
     void everyProgramIsStartedHiddenOrNot();
@@ -159,12 +163,6 @@ private:
 
     std::optional<Session> session;
 };
-
-void LoginItemStartersTest::init()
-{
-    QTest::failOnWarning(QRegularExpression(".?"));
-    session.emplace();
-}
 
 void LoginItemStartersTest::addStarters()
 {
@@ -232,9 +230,7 @@ void LoginItemStartersTest::anApplicationIsStartedWithItsArguments()
     QFETCH(Starter, starter);
     const std::string program = addSignallingProgram("painter", signal(0));
     const Path application = session->applications() / "painter.desktop";
-    writeFile(application,
-              "[Desktop Entry]\nType=Application\nName=Painter\n"
-              "Exec=painter --at \"50%% of \\\\$5\" %U \"\" %c\n");
+    writeFile(application, entryText("painter --at \"50%% of \\\\$5\" %U \"\" %c"));
     QVERIFY(addLoginItemWithPath(application, false));
 
     // when

@@ -15,13 +15,35 @@
 
 using namespace TestSupport;
 
+// The examples of CONTRIBUTING.md, word for word.
+
+bool startWithTheLogin(const std::string& program)
+{
+    if (indexForLoginItemWithPath(program) != -1)
+        return true;
+    return addLoginItemWithPath(program, false);
+}
+
+void forgetHiddenItems()
+{
+    if (const LoginItemArrayRef items = allLoginItems())
+        for (const LoginItem& item : *items)
+            if (item.Hidden)
+                removeLoginItemWithURL(item.URL);
+}
+
 /// Listing, finding, adding and removing login items.
 class LoginItemsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".?"));
+        session.emplace();
+    }
     void cleanup() { session.reset(); }
+    void theGuidesExamplesDoWhatTheySay();
     void aFolderThatDoesNotExistHasNoItems();
     void itemsOfOthersComeFirstByFileName();
     void anItemOfOthersGivesTheProgramThatItStarts_data();
@@ -31,16 +53,11 @@ private slots:
     void whatIsNoItemIsNotListed();
     void aFileInPlaceOfTheFolderIsReported();
 
-    void anAddedItemIsListed_data();
-    void anAddedItemIsListed();
+    void anAddedItemIsListedBehindAllOthersWithItsMark();
     void anAddedFileIsStartedOrOpened_data();
     void anAddedFileIsStartedOrOpened();
-    void aPathIsAddedInItsNormalForm_data();
     void aPathIsAddedInItsNormalForm();
     void aFolderThatHasToBeMadeIsForTheUserAlone();
-    void newItemsGoToTheEnd();
-    void theSameFileTwiceMakesTwoItems_data();
-    void theSameFileTwiceMakesTwoItems();
     void aNewEntryHasASafeName();
     void theNameCanBeShown_data();
     void theNameCanBeShown();
@@ -52,8 +69,7 @@ private slots:
     void aPathIsFoundWithinAnother();
     void aUrlIsFoundAsLongAsItIsHeld();
     void aUrlMadeByTheCallerIsNeverFound();
-    void theUrlOfAnItemThatNowStartsAnotherProgramIsNotFound();
-    void theUrlOfAnItemThatWasReplacedIsNotFound();
+    void theUrlOfAnItemThatWasChangedOrReplacedIsNotFound();
 
     void aPositionWithoutAnItemRemovesNothing_data();
     void aPositionWithoutAnItemRemovesNothing();
@@ -70,17 +86,26 @@ private:
     {
         char name = 'a';
         for (const std::string& program : programs)
-            session->addEntry(name++ + std::string(".desktop"),
-                              "Type=Application\nExec=" + program + '\n');
+            session->addEntry(name++ + std::string(".desktop"), program);
     }
 
     std::optional<Session> session;
 };
 
-void LoginItemsTest::init()
+void LoginItemsTest::theGuidesExamplesDoWhatTheySay()
 {
-    QTest::failOnWarning(QRegularExpression(".?"));
-    session.emplace();
+    // given
+    const std::string program = session->addProgram("painter");
+    QVERIFY(addLoginItemWithPath("/bin/true", true));
+
+    // when
+    QVERIFY(startWithTheLogin(program));
+    QVERIFY(startWithTheLogin(program));
+    QVERIFY(addLoginItemWithPath("/bin/true", true));
+    forgetHiddenItems();
+
+    // then
+    QCOMPARE(listedPaths(), Paths{program});
 }
 
 void LoginItemsTest::aFolderThatDoesNotExistHasNoItems()
@@ -104,12 +129,10 @@ void LoginItemsTest::itemsOfOthersComeFirstByFileName()
     const std::string ours = session->addProgram("ours");
     QVERIFY(addLoginItemWithPath(ours, false));
     for (const char* name : {"zoo", "ant", "Zebra"})
-        session->addEntry(name + std::string(".desktop"),
-                          std::string("Type=Application\nExec=/") + name + '\n');
+        session->addEntry(name + std::string(".desktop"), std::string("/") + name);
     for (const char* position : {"last", "3 or 4", "-3", "0", "9223372036854775808", ""})
-        session->addEntry("bad" + std::string(position) + ".desktop",
-                          "Type=Application\nExec=/b\nX-Korvel-Position=" + std::string(position)
-                              + '\n');
+        session->addEntry("bad" + std::string(position) + ".desktop", "/b",
+                          "X-Korvel-Position=" + std::string(position) + '\n');
 
     // when
     const Paths paths = listedPaths();
@@ -120,24 +143,19 @@ void LoginItemsTest::itemsOfOthersComeFirstByFileName()
 
 void LoginItemsTest::anItemOfOthersGivesTheProgramThatItStarts_data()
 {
-    QTest::addColumn<std::string>("exec");
-    QTest::addColumn<std::string>("url");
-
-    const auto row = [](const char* name, const char* exec, const char* url) {
-        QTest::newRow(name) << std::string(exec) << std::string(url);
-    };
-    row("on the PATH", "sh -c true %U", "file:///usr/bin/sh");
-    row("a path", "\"/usr/bin/env\" A=b c", "file:///usr/bin/env");
-    row("a vanished path", "/opt/gone/far\\saway -x", "file:///opt/gone/far");
-    row("a vanished name", "gone-7c1 -x", "gone-7c1");
-    row("a path in quotes", "\"/a b\" \"c\"", "file:///a%20b");
-    row("a relative path", "bin/a b", "bin/a");
-    row("a folder of a program's name", "folder", "folder");
-    row("an empty word", "\"\" b", "%22%22%20b");
-    row("a remark", "#/a", "%23/a");
-    row("a percent sign at the end", "/a%", "file:///a%25");
-    row("no command line", "\"open", "%22open");
-    row("a backslash at the end", "C:\\Tools\\", "C%3A%5CTools%5C");
+    addTextRows({"exec", "url"},
+                {{"on the PATH", "sh -c true %U", "file:///usr/bin/sh"},
+                 {"a path", "\"/usr/bin/env\" A=b c", "file:///usr/bin/env"},
+                 {"a vanished path", "/opt/gone/far\\saway -x", "file:///opt/gone/far"},
+                 {"a vanished name", "gone-7c1 -x", "gone-7c1"},
+                 {"a path in quotes", "\"/a b\" \"c\"", "file:///a%20b"},
+                 {"a relative path", "bin/a b", "bin/a"},
+                 {"a folder of a program's name", "folder", "folder"},
+                 {"an empty word", "\"\" b", "%22%22%20b"},
+                 {"a remark", "#/a", "%23/a"},
+                 {"a percent sign at the end", "/a%", "file:///a%25"},
+                 {"no command line", "\"open", "%22open"},
+                 {"a backslash at the end", "C:\\Tools\\", "C%3A%5CTools%5C"}});
 }
 
 void LoginItemsTest::anItemOfOthersGivesTheProgramThatItStarts()
@@ -161,10 +179,9 @@ void LoginItemsTest::anEntryForAllUsersIsAnItemUnlessTheUserHasItsName()
 {
     // given
     for (const char* name : {"a", "b", "c"})
-        writeFile(session->systemAutostart() / (name + std::string(".desktop")),
-                  "[Desktop Entry]\nType=Application\nExec=/all\n");
-    session->addEntry("b.desktop", "Type=Application\nExec=/mine\n");
-    session->addEntry("c.desktop", "Type=Application\nHidden=true\n");
+        session->addSystemEntry(name + std::string(".desktop"), "/all");
+    session->addEntry("b.desktop", "/mine");
+    session->addEntry("c.desktop", "/mine", "Hidden=true\n");
 
     // then
     QCOMPARE(listedPaths(), (Paths{"/all", "/mine"}));
@@ -172,20 +189,16 @@ void LoginItemsTest::anEntryForAllUsersIsAnItemUnlessTheUserHasItsName()
 
 void LoginItemsTest::whatIsNoItemIsNotListed_data()
 {
-    QTest::addColumn<std::string>("file");
-    QTest::addColumn<std::string>("bytes");
-
-    const std::string entry = "[Desktop Entry]\nType=Application\nName=A\nExec=/a\n";
-    const auto row = [](const char* name, const char* file, const std::string& bytes) {
-        QTest::newRow(name) << std::string(file) << bytes;
-    };
-    row("a deleted entry", "a.desktop", entry + "Hidden=true\n");
-    row("an entry of another type", "a.desktop", "[Desktop Entry]\nType=Link\nURL=/a\n");
-    row("an entry that starts nothing", "a.desktop", "[Desktop Entry]\nType=Application\n");
-    row("another suffix", "a.desktop~", entry);
-    row("no suffix", "desktop", entry);
-    row("a begun file", ".korvel-a.desktop.new", entry);
-    row("a folder", "a.desktop/b.desktop", entry);
+    const std::string entry = entryText("/a");
+    addTextRows(
+        {"file", "bytes"},
+        {{"a deleted entry", "a.desktop", entry + "Hidden=true\n"},
+         {"an entry of another type", "a.desktop", "[Desktop Entry]\nType=Link\nURL=/a\n"},
+         {"an entry that starts nothing", "a.desktop", "[Desktop Entry]\nType=Application\n"},
+         {"another suffix", "a.desktop~", entry},
+         {"no suffix", "desktop", entry},
+         {"a begun file", ".korvel-a.desktop.new", entry},
+         {"a folder", "a.desktop/b.desktop", entry}});
 }
 
 void LoginItemsTest::whatIsNoItemIsNotListed()
@@ -193,7 +206,7 @@ void LoginItemsTest::whatIsNoItemIsNotListed()
     // given
     QFETCH(std::string, file);
     QFETCH(std::string, bytes);
-    session->addEntry("b.desktop", "Type=Application\nExec=/b\n");
+    session->addEntry("b.desktop", "/b");
     writeFile(session->autostart() / file, bytes);
 
     // then
@@ -230,44 +243,37 @@ void LoginItemsTest::aFileInPlaceOfTheFolderIsReported()
              std::string("Couldn't add login item error 20"));
 }
 
-void LoginItemsTest::anAddedItemIsListed_data()
-{
-    QTest::addColumn<bool>("hidden");
-
-    QTest::newRow("shown") << false;
-    QTest::newRow("hidden") << true;
-}
-
-void LoginItemsTest::anAddedItemIsListed()
+void LoginItemsTest::anAddedItemIsListedBehindAllOthersWithItsMark()
 {
     // given
-    QFETCH(bool, hidden);
+    const std::string application = session->applications() / "a.desktop";
+    writeFile(application, entryText("sh"));
     const LoginItemUrlRef url = LoginItemUrl::fromPath(session->addProgram("a painter"));
 
     // when
-    bool isAdded = false;
-    const std::string printed = printedBy([&] { isAdded = addLoginItemWithURL(url, hidden); });
+    const std::string printed = printedBy([&] {
+        for (const bool isHidden : {false, true}) {
+            QVERIFY(addLoginItemWithPath(application, isHidden));
+            QVERIFY(addLoginItemWithURL(url, isHidden));
+        }
+    });
 
     // then
-    QVERIFY(isAdded);
     QCOMPARE(printed, std::string());
+    QCOMPARE(listedPaths(), (Paths{application, url->path(), application, url->path()}));
     const LoginItemArrayRef items = allLoginItems();
-    QCOMPARE(items->size(), size_t{1});
-    QCOMPARE(items->front().URL->text(), url->text());
-    QCOMPARE(items->front().Hidden, hidden);
+    for (const std::size_t position : {0, 1, 2, 3})
+        QCOMPARE(items->at(position).Hidden, position > 1);
 }
 
 void LoginItemsTest::anAddedFileIsStartedOrOpened_data()
 {
-    QTest::addColumn<std::string>("path");
-    QTest::addColumn<std::string>("exec");
-
-    QTest::newRow("a program") << std::string("/bin/sh") << std::string("/bin/sh");
-    QTest::newRow("a document") << std::string("/etc/passwd")
-                                << std::string("xdg-open /etc/passwd");
-    QTest::newRow("a folder") << std::string("/usr") << std::string("xdg-open /usr");
-    QTest::newRow("root") << std::string("/") << std::string("xdg-open /");
-    QTest::newRow("a device") << std::string("/dev/null") << std::string("xdg-open /dev/null");
+    addTextRows({"path", "exec"},
+                {{"a program", "/bin/sh", "/bin/sh"},
+                 {"a document", "/etc/passwd", "xdg-open /etc/passwd"},
+                 {"a folder", "/usr", "xdg-open /usr"},
+                 {"root", "/", "xdg-open /"},
+                 {"a device", "/dev/null", "xdg-open /dev/null"}});
 }
 
 void LoginItemsTest::anAddedFileIsStartedOrOpened()
@@ -286,25 +292,16 @@ void LoginItemsTest::anAddedFileIsStartedOrOpened()
     QCOMPARE(listedPaths(), Paths{path});
 }
 
-void LoginItemsTest::aPathIsAddedInItsNormalForm_data()
-{
-    QTest::addColumn<std::string>("path");
-
-    for (const char* path : {"programs/painter", "./programs//painter/", "programs/p/../painter"})
-        QTest::newRow(path) << std::string(path);
-}
-
 void LoginItemsTest::aPathIsAddedInItsNormalForm()
 {
     // given
-    QFETCH(std::string, path);
     const std::string program = session->addProgram("painter");
     session->addProgram("p/other");
     const Path before = std::filesystem::current_path();
     std::filesystem::current_path(session->root());
 
     // when
-    const bool isAdded = addLoginItemWithPath(path, false);
+    const bool isAdded = addLoginItemWithPath("./programs//p/../painter/", false);
 
     // then
     std::filesystem::current_path(before);
@@ -323,47 +320,6 @@ void LoginItemsTest::aFolderThatHasToBeMadeIsForTheUserAlone()
     QCOMPARE(information.st_mode & 0777, mode_t{0700});
 }
 
-void LoginItemsTest::newItemsGoToTheEnd()
-{
-    // given
-    Paths programs;
-    for (int i = 12; i > 0; --i)
-        programs.push_back(session->addProgram("painter" + std::to_string(i)));
-
-    // when
-    for (const std::string& program : programs)
-        QVERIFY(addLoginItemWithPath(program, false));
-
-    // then
-    QCOMPARE(listedPaths(), programs);
-}
-
-void LoginItemsTest::theSameFileTwiceMakesTwoItems_data()
-{
-    QTest::addColumn<std::string>("path");
-
-    QTest::newRow("a program") << std::string("/bin/sh");
-    QTest::newRow("an application") << std::string();
-}
-
-void LoginItemsTest::theSameFileTwiceMakesTwoItems()
-{
-    // given
-    QFETCH(std::string, path);
-    if (path.empty())
-        path = session->applications() / "a.desktop";
-    writeFile(session->applications() / "a.desktop",
-              "[Desktop Entry]\nType=Application\nExec=sh\n");
-
-    // when
-    QVERIFY(addLoginItemWithPath(path, false));
-    QVERIFY(addLoginItemWithPath(path, true));
-
-    // then
-    QCOMPARE(listedPaths(), Paths(2, path));
-    QVERIFY(allLoginItems()->at(1).Hidden);
-}
-
 void LoginItemsTest::aNewEntryHasASafeName()
 {
     // given
@@ -380,13 +336,11 @@ void LoginItemsTest::aNewEntryHasASafeName()
 
 void LoginItemsTest::theNameCanBeShown_data()
 {
-    QTest::addColumn<std::string>("file");
-    QTest::addColumn<std::string>("name");
-
-    QTest::newRow("plain") << std::string("dex") << std::string("dex");
-    QTest::newRow("non-ASCII") << std::string("\xc3\xa9") << std::string("\xc3\xa9");
-    QTest::newRow("invalid UTF-8") << std::string("a\xff") << std::string("a\xef\xbf\xbd");
-    QTest::newRow("line break") << std::string("a\nb") << std::string("a b");
+    addTextRows({"file", "name"},
+                {{"plain", "dex", "dex"},
+                 {"non-ASCII", "\xc3\xa9", "\xc3\xa9"},
+                 {"invalid UTF-8", "a\xff", "a\xef\xbf\xbd"},
+                 {"line break", "a\nb", "a b"}});
 }
 
 void LoginItemsTest::theNameCanBeShown()
@@ -424,14 +378,13 @@ void LoginItemsTest::anyByteOfAPathGoesThereAndBack()
 
 void LoginItemsTest::aMissingFileIsNotAdded_data()
 {
-    QTest::addColumn<std::string>("path");
-
-    QTest::newRow("absolute") << std::string("/no/such/file");
-    QTest::newRow("relative") << std::string("no/such/file");
-    QTest::newRow("below a file") << std::string("/dev/null/file");
-    QTest::newRow("empty") << std::string();
-    QTest::newRow("a zero inside") << std::string("/bin/sh\0x", 9);
-    QTest::newRow("too long") << '/' + std::string(5000, 'x');
+    addTextRows({"path"},
+                {{"absolute", "/no/such/file"},
+                 {"relative", "no/such/file"},
+                 {"below a file", "/dev/null/file"},
+                 {"empty", ""},
+                 {"a zero inside", std::string("/bin/sh\0x", 9)},
+                 {"too long", '/' + std::string(5000, 'x')}});
 }
 
 void LoginItemsTest::aMissingFileIsNotAdded()
@@ -512,32 +465,24 @@ void LoginItemsTest::aUrlMadeByTheCallerIsNeverFound()
     QCOMPARE(indexForLoginItemWithURL(LoginItemUrl::ofEntry("", url->path())), -1);
 }
 
-void LoginItemsTest::theUrlOfAnItemThatNowStartsAnotherProgramIsNotFound()
+void LoginItemsTest::theUrlOfAnItemThatWasChangedOrReplacedIsNotFound()
 {
     // given
     addEntries({"/a"});
-    const LoginItemUrlRef url = allLoginItems()->at(0).URL;
+    QVERIFY(addLoginItemWithPath("/bin/sh", false));
+    const LoginItemUrlRef changed = allLoginItems()->at(0).URL;
+    const LoginItemUrlRef replaced = allLoginItems()->at(1).URL;
 
     // when
     addEntries({"/b"});
-
-    // then
-    QCOMPARE(indexForLoginItemWithURL(url), -1);
-    QCOMPARE(url->path(), std::string("/a"));
-}
-
-void LoginItemsTest::theUrlOfAnItemThatWasReplacedIsNotFound()
-{
-    // given
-    QVERIFY(addLoginItemWithPath("/bin/sh", false));
-    const LoginItemUrlRef url = allLoginItems()->at(0).URL;
-
-    // when
-    QVERIFY(removeLoginItemAtIndex(0));
+    QVERIFY(removeLoginItemAtIndex(1));
     QVERIFY(addLoginItemWithPath("/bin/sh", false));
 
     // then
-    QCOMPARE(indexForLoginItemWithURL(url), -1);
+    QCOMPARE(indexForLoginItemWithURL(changed), -1);
+    QCOMPARE(indexForLoginItemWithURL(replaced), -1);
+    QCOMPARE(changed->path(), std::string("/a"));
+    QCOMPARE(listedPaths(), (Paths{"/b", "/bin/sh"}));
 }
 
 void LoginItemsTest::aPositionWithoutAnItemRemovesNothing_data()
@@ -635,8 +580,8 @@ void LoginItemsTest::removingTakesNeitherALinksTargetNorAnythingElseAlong()
 {
     // given
     const Path target = session->home() / "dotfiles/a";
-    writeFile(target, "[Desktop Entry]\nType=Application\nExec=/a\n");
-    session->addEntry("deleted.desktop", "Type=Application\nExec=/b\nHidden=true\n");
+    writeFile(target, entryText("/a"));
+    session->addEntry("deleted.desktop", "/b", "Hidden=true\n");
     writeFile(session->autostart() / "a.desktop.bak", "# mine\n");
     std::filesystem::create_symlink(target, session->autostart() / "a.desktop");
 
@@ -652,8 +597,7 @@ void LoginItemsTest::removingTakesNeitherALinksTargetNorAnythingElseAlong()
 void LoginItemsTest::anItemForAllUsersIsSwitchedOffForThisOne()
 {
     // given
-    const Path file = session->systemAutostart() / "a.desktop";
-    writeFile(file, "[Desktop Entry]\nType=Application\nExec=/all\n");
+    session->addSystemEntry("a.desktop", "/all");
     addEntries({"/mine", "/b"});
 
     // when
@@ -661,7 +605,7 @@ void LoginItemsTest::anItemForAllUsersIsSwitchedOffForThisOne()
 
     // then
     QCOMPARE(listedPaths(), Paths{"/b"});
-    QVERIFY(std::filesystem::exists(file));
+    QVERIFY(std::filesystem::exists(session->systemAutostart() / "a.desktop"));
     QCOMPARE(namesIn(session->autostart()), (std::set<std::string>{"a.desktop", "b.desktop"}));
 }
 

@@ -18,7 +18,6 @@ private slots:
     void theTextIsEncoded();
     void aPathIsMadeNormal_data();
     void aPathIsMadeNormal();
-    void aRelativePathBeginsAtTheWorkingDirectory();
     void aPathThatAFolderLinkLeadsElsewhereStaysAsItIs();
     void equalUrlsAreDifferentObjects();
     void aTextIsFoundWhateverItsCase_data();
@@ -51,22 +50,19 @@ void LoginItemUrlTest::theTextIsEncoded()
 
 void LoginItemUrlTest::aPathIsMadeNormal_data()
 {
-    QTest::addColumn<std::string>("given");
-    QTest::addColumn<std::string>("path");
-
-    const auto row = [](const char* name, const char* given, const char* path) {
-        QTest::newRow(name) << std::string(given) << std::string(path);
-    };
-    row("normal", "/a/b", "/a/b");
-    row("slashes at the end", "/a/b//", "/a/b");
-    row("doubled slashes", "//a//b", "/a/b");
-    row("this folder", "/a/./b/.", "/a/b");
-    row("the folder above", "/a/p/../b", "/a/b");
-    row("a folder that is there", "/usr/bin/../lib", "/usr/lib");
-    row("root", "/", "/");
-    row("above the root", "/..", "/");
-    row("nothing", "", "");
-    row("a byte that is no text", "/\xff/./\xc3", "/\xff/\xc3");
+    const std::string folder = std::filesystem::current_path();
+    addTextRows({"given", "path"},
+                {{"normal", "/a/b", "/a/b"},
+                 {"slashes at the end", "/a/b//", "/a/b"},
+                 {"doubled slashes", "//a//b", "/a/b"},
+                 {"this folder", "/a/./b/.", "/a/b"},
+                 {"the folder above", "/a/p/../b", "/a/b"},
+                 {"a folder that is there", "/usr/bin/../lib", "/usr/lib"},
+                 {"root", "/", "/"},
+                 {"above the root", "/..", "/"},
+                 {"nothing", "", ""},
+                 {"a byte that is no text", "/\xff/./\xc3", "/\xff/\xc3"},
+                 {"below the working directory", "./bin/p/../dex", folder + "/bin/dex"}});
 }
 
 void LoginItemUrlTest::aPathIsMadeNormal()
@@ -76,15 +72,6 @@ void LoginItemUrlTest::aPathIsMadeNormal()
 
     // then
     QTEST(LoginItemUrl::fromPath(given)->path(), "path");
-}
-
-void LoginItemUrlTest::aRelativePathBeginsAtTheWorkingDirectory()
-{
-    // given
-    const std::string folder = std::filesystem::current_path();
-
-    // then
-    QCOMPARE(LoginItemUrl::fromPath("./bin/p/../dex")->path(), folder + "/bin/dex");
 }
 
 void LoginItemUrlTest::aPathThatAFolderLinkLeadsElsewhereStaysAsItIs()

@@ -19,13 +19,6 @@ using osUtils::System::switchOsStartBehavior;
 
 namespace {
 
-constexpr auto deletedEntry = "[Desktop Entry]\nType=Application\nHidden=true\n";
-
-std::string entryOf(const std::string& exec)
-{
-    return "[Desktop Entry]\nType=Application\nName=Painter\nExec=" + exec + '\n';
-}
-
 /// What dex would start at the login, a line each.
 QByteArrayList commandsOfDex()
 {
@@ -47,7 +40,11 @@ class StartWithOsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init();
+    void init()
+    {
+        QTest::failOnWarning(QRegularExpression(".?"));
+        session.emplace();
+    }
     void cleanup() { session.reset(); }
     void switchingOnAddsTheApplicationAtTheEnd();
     void theWholeCommandLineIsStarted_data();
@@ -55,8 +52,8 @@ private slots:
     void itemsThatStartTheLikeAreLeftAlone_data();
     void itemsThatStartTheLikeAreLeftAlone();
     void anEntryOfTheApplicationsNameIsTheApplications();
+    void anEntryForAllUsersIsSwitchedOffAndOn_data();
     void anEntryForAllUsersIsSwitchedOffAndOn();
-    void theUsersOwnEntryForOneForAllUsersIsSwitchedOffAndOn();
     void anEntryThatTheUserSwitchedOffElsewhereIsKept();
     void anApplicationThatMovesIsStillTheSame();
     void aVanishedProgramCanBeSwitchedOffButNotOn_data();
@@ -70,23 +67,17 @@ private slots:
 private:
     void addApplication(const std::string& id, const std::string& exec) const
     {
-        writeFile(session->applications() / (id + ".desktop"), entryOf(exec));
+        writeFile(session->applications() / (id + ".desktop"), entryText(exec));
     }
 
     std::optional<Session> session;
 };
 
-void StartWithOsTest::init()
-{
-    QTest::failOnWarning(QRegularExpression(".?"));
-    session.emplace();
-}
-
 void StartWithOsTest::switchingOnAddsTheApplicationAtTheEnd()
 {
     // given
     addApplication("org.example.Painter", "sh --now %U");
-    session->addEntry("z.desktop", "Type=Application\nExec=/z\n");
+    session->addEntry("z.desktop", "/z");
     QVERIFY(!startWithOS("org.example.Painter"));
 
     // when
@@ -101,51 +92,40 @@ void StartWithOsTest::switchingOnAddsTheApplicationAtTheEnd()
 
 void StartWithOsTest::theWholeCommandLineIsStarted_data()
 {
-    QTest::addColumn<std::string>("exec");
-    QTest::addColumn<QByteArray>("command");
-
-    const auto row = [](const char* name, const char* exec, const char* command) {
-        QTest::newRow(name) << std::string(exec) << QByteArray(command);
-    };
-    row("arguments", "/bin/sh -a b", "/bin/sh -a b");
-    row("a program by its name", "sh -c true", "sh -c true");
-    row("files to open", "sh %F --url=%u %U end", "sh --url= end");
-    row("its name and entry", "sh --title %c", "sh --title Painter");
-    row("a wrapper", "/usr/bin/env FOO=1 xclock", "/usr/bin/env FOO=1 xclock");
-    row("a program within a word", "sh -c \"a b; c\"", "sh -c a b; c");
-    row("a doubled percent sign", "sh 100%%",
-        "/bin/sh -c echo ZXhlYyAnc2gnICcxMDAlJyA8L2Rldi9udWxs | base64 -d | /bin/sh");
+    addTextRows({"exec", "command"},
+                {{"arguments", "/bin/sh -a b", "/bin/sh -a b"},
+                 {"a program by its name", "sh -c true", "sh -c true"},
+                 {"files to open", "sh %F --url=%u %U end", "sh --url= end"},
+                 {"its name and entry", "sh --title %c", "sh --title Painter"},
+                 {"a wrapper", "/usr/bin/env FOO=1 xclock", "/usr/bin/env FOO=1 xclock"},
+                 {"a program within a word", "sh -c \"a b; c\"", "sh -c a b; c"},
+                 {"a doubled percent sign", "sh 100%%",
+                  "/bin/sh -c echo ZXhlYyAnc2gnICcxMDAlJyA8L2Rldi9udWxs | base64 -d | /bin/sh"}});
 }
 
 void StartWithOsTest::theWholeCommandLineIsStarted()
 {
     // given
     QFETCH(std::string, exec);
-    QFETCH(QByteArray, command);
+    QFETCH(std::string, command);
     addApplication("painter", exec);
 
     // when
     QVERIFY(switchOsStartBehavior("painter", ""));
 
     // then
-    QCOMPARE(commandsOfDex(), QByteArrayList{command});
+    QCOMPARE(commandsOfDex(), QByteArrayList{QByteArray::fromStdString(command)});
 }
 
 void StartWithOsTest::itemsThatStartTheLikeAreLeftAlone_data()
 {
-    QTest::addColumn<std::string>("id");
-    QTest::addColumn<std::string>("exec");
-    QTest::addColumn<std::string>("otherExec");
-
-    const auto row = [](const char* name, const char* id, const char* exec, const char* other) {
-        QTest::newRow(name) << std::string(id) << std::string(exec) << std::string(other);
-    };
-    row("a wrapper", "clock", "/usr/bin/env FOO=1 xclock", "env BAR=2 xeyes");
-    row("a sandbox", "org.x.A", "/bin/sh run org.x.A", "/bin/sh run org.x.B");
-    row("an interpreter", "tool", "sh /opt/tool", "sh /opt/other");
-    row("a prefix", "foot", "foot", "footclient");
-    row("the same program", "foot", "/bin/sh", "/bin/sh");
-    row("the entry itself", "foot", "/bin/sh", "footclient foot.desktop");
+    addTextRows({"id", "exec", "otherExec"},
+                {{"a wrapper", "clock", "/usr/bin/env FOO=1 xclock", "env BAR=2 xeyes"},
+                 {"a sandbox", "org.x.A", "/bin/sh run org.x.A", "/bin/sh run org.x.B"},
+                 {"an interpreter", "tool", "sh /opt/tool", "sh /opt/other"},
+                 {"a prefix", "foot", "foot", "footclient"},
+                 {"the same program", "foot", "/bin/sh", "/bin/sh"},
+                 {"the entry itself", "foot", "/bin/sh", "footclient foot.desktop"}});
 }
 
 void StartWithOsTest::itemsThatStartTheLikeAreLeftAlone()
@@ -160,7 +140,7 @@ void StartWithOsTest::itemsThatStartTheLikeAreLeftAlone()
     addApplication(id + "client", otherExec);
     addApplication("FOOT", otherExec);
     addApplication("sub/" + id, otherExec);
-    session->addEntry("mine.desktop", "Type=Application\nExec=" + otherExec + '\n');
+    session->addEntry("mine.desktop", otherExec);
     for (const std::string& other : {id + "client", std::string("FOOT"), "sub-" + id})
         QVERIFY(switchOsStartBehavior(other, ""));
     const Paths before = listedPaths();
@@ -185,7 +165,7 @@ void StartWithOsTest::anEntryOfTheApplicationsNameIsTheApplications()
 {
     // given
     addApplication("painter", "sh");
-    session->addEntry("painter.desktop", "Type=Application\nExec=painter --tray\n");
+    session->addEntry("painter.desktop", "painter --tray");
 
     // when
     const bool starts = startWithOS("painter");
@@ -197,15 +177,26 @@ void StartWithOsTest::anEntryOfTheApplicationsNameIsTheApplications()
     QVERIFY(namesIn(session->autostart()).empty());
 }
 
+void StartWithOsTest::anEntryForAllUsersIsSwitchedOffAndOn_data()
+{
+    QTest::addColumn<bool>("hasUsersOwn");
+
+    QTest::newRow("alone") << false;
+    QTest::newRow("behind the user's own") << true;
+}
+
 void StartWithOsTest::anEntryForAllUsersIsSwitchedOffAndOn()
 {
     // given
+    QFETCH(bool, hasUsersOwn);
     addApplication("painter", "sh");
-    const std::string entry = entryOf("sh --for-all");
-    writeFile(session->systemAutostart() / "painter.desktop", entry);
+    session->addSystemEntry("painter.desktop", "sh --for-all");
+    if (hasUsersOwn)
+        session->addEntry("painter.desktop", "sh --mine");
     const Paths before = listedPaths();
+    const std::string systemsEntry = readFile(session->systemAutostart() / "painter.desktop");
     QVERIFY(startWithOS("painter"));
-    QCOMPARE(commandsOfDex(), QByteArrayList{"sh --for-all"});
+    QCOMPARE(commandsOfDex(), QByteArrayList{hasUsersOwn ? "sh --mine" : "sh --for-all"});
 
     // when
     QVERIFY(switchOsStartBehavior("painter", ""));
@@ -222,32 +213,14 @@ void StartWithOsTest::anEntryForAllUsersIsSwitchedOffAndOn()
     QCOMPARE(commandsOfDex(), QByteArrayList{"sh --for-all"});
     QCOMPARE(listedPaths(), before);
     QVERIFY(namesIn(session->autostart()).empty());
-    QCOMPARE(readFile(session->systemAutostart() / "painter.desktop"), entry);
-}
-
-void StartWithOsTest::theUsersOwnEntryForOneForAllUsersIsSwitchedOffAndOn()
-{
-    // given
-    addApplication("painter", "sh");
-    writeFile(session->systemAutostart() / "painter.desktop", entryOf("sh --for-all"));
-    writeFile(session->autostart() / "painter.desktop", entryOf("sh --mine"));
-    QCOMPARE(commandsOfDex(), QByteArrayList{"sh --mine"});
-
-    // when
-    QVERIFY(switchOsStartBehavior("painter", ""));
-    const QByteArrayList whileOff = commandsOfDex();
-    QVERIFY(switchOsStartBehavior("painter", ""));
-
-    // then
-    QCOMPARE(whileOff, QByteArrayList{});
-    QCOMPARE(commandsOfDex(), QByteArrayList{"sh --for-all"});
+    QCOMPARE(readFile(session->systemAutostart() / "painter.desktop"), systemsEntry);
 }
 
 void StartWithOsTest::anEntryThatTheUserSwitchedOffElsewhereIsKept()
 {
     // given
     addApplication("painter", "sh --painter");
-    const std::string off = entryOf("sh --mine") + "Hidden=true\n";
+    const std::string off = entryText("sh --mine", "Hidden=true\n");
     writeFile(session->autostart() / "painter.desktop", off);
     QVERIFY(!startWithOS("painter"));
 
@@ -263,7 +236,7 @@ void StartWithOsTest::anEntryThatTheUserSwitchedOffElsewhereIsKept()
 void StartWithOsTest::anApplicationThatMovesIsStillTheSame()
 {
     // given
-    writeFile(session->systemApplications() / "painter.desktop", entryOf("sh"));
+    writeFile(session->systemApplications() / "painter.desktop", entryText("sh"));
     QVERIFY(switchOsStartBehavior("painter", ""));
 
     // when
@@ -288,7 +261,7 @@ void StartWithOsTest::aVanishedProgramCanBeSwitchedOffButNotOn()
     // given
     QFETCH(std::string, exec);
     addApplication("gone", exec);
-    session->addEntry("gone.desktop", "Type=Application\nExec=/opt/gone/painter\n");
+    session->addEntry("gone.desktop", "/opt/gone/painter");
     QVERIFY(startWithOS("gone"));
     QVERIFY(switchOsStartBehavior("gone", ""));
 
@@ -303,32 +276,25 @@ void StartWithOsTest::aVanishedProgramCanBeSwitchedOffButNotOn()
 
 void StartWithOsTest::anIdentifierIsFoundWhereApplicationsAre_data()
 {
-    QTest::addColumn<std::string>("id");
-    QTest::addColumn<bool>("isUsers");
-    QTest::addColumn<std::string>("file");
-
-    const auto row = [](const char* name, const char* id, bool isUsers, const char* file) {
-        QTest::newRow(name) << std::string(id) << isUsers << file + std::string(".desktop");
-    };
-    row("user's", "a", true, "a");
-    row("system's", "a", false, "a");
-    row("dots", "org.x.A", false, "org.x.A");
-    row("dash", "x-a", true, "x-a");
-    row("folder", "x-a", true, "x/a");
-    row("two folders", "x-y-a", true, "x/y/a");
-    row("a dash in the folder", "x-y-a", true, "x-y/a");
-    row("a dash in the file", "x-y-a", true, "x/y-a");
-    row("non-ASCII", "\xc3\xa9", true, "\xc3\xa9");
+    addTextRows({"id", "file"},
+                {{"the user's", "a", "home/data/applications/a"},
+                 {"the system's", "a", "system/data/applications/a"},
+                 {"dots", "org.x.A", "system/data/applications/org.x.A"},
+                 {"dash", "x-a", "home/data/applications/x-a"},
+                 {"folder", "x-a", "home/data/applications/x/a"},
+                 {"two folders", "x-y-a", "home/data/applications/x/y/a"},
+                 {"a dash in the folder", "x-y-a", "home/data/applications/x-y/a"},
+                 {"a dash in the file", "x-y-a", "home/data/applications/x/y-a"},
+                 {"non-ASCII", "\xc3\xa9", "home/data/applications/\xc3\xa9"}});
 }
 
 void StartWithOsTest::anIdentifierIsFoundWhereApplicationsAre()
 {
     // given
     QFETCH(std::string, id);
-    QFETCH(bool, isUsers);
     QFETCH(std::string, file);
-    const Path path = (isUsers ? session->applications() : session->systemApplications()) / file;
-    writeFile(path, entryOf("sh"));
+    const Path path = session->root() / (file + ".desktop");
+    writeFile(path, entryText("sh"));
 
     // when
     QVERIFY(switchOsStartBehavior(id, ""));
@@ -357,13 +323,13 @@ void StartWithOsTest::withoutAnApplicationNothingHappens()
     QFETCH(std::string, id);
     const Path folder = session->applications();
     addApplication("good", "/bin/sh");
-    writeFile(folder / "deleted.desktop", deletedEntry);
-    writeFile(session->systemApplications() / "deleted.desktop", entryOf("/bin/sh"));
+    writeFile(folder / "deleted.desktop", entryText("/bin/sh", "Hidden=true\n"));
+    writeFile(session->systemApplications() / "deleted.desktop", entryText("/bin/sh"));
     writeFile(folder / "link.desktop", "[Desktop Entry]\nType=Link\nURL=/bin/sh\n");
     writeFile(folder / "broken.desktop", "Exec=/bin/sh\n");
     writeFile(folder / "folder.desktop/a", "");
     mkfifo((folder / "pipe.desktop").c_str(), 0600);
-    session->addEntry("a.desktop", "Type=Application\nExec=/opt/no-such-program-7c1\n");
+    session->addEntry("a.desktop", "/opt/no-such-program-7c1");
 
     // when
     bool starts = true;

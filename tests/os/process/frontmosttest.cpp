@@ -27,33 +27,27 @@ class FrontmostTest : public DesktopTest {
     Q_OBJECT
 
 private slots:
-    void onABareScreenNobodyIsInFront_data() { addManagers(); }
-    void onABareScreenNobodyIsInFront();
-    void whenTheProgramEndsNobodyIsInFront_data() { addManagers(); }
-    void whenTheProgramEndsNobodyIsInFront();
+    void aProgramIsInFrontUntilItEnds_data();
+    void aProgramIsInFrontUntilItEnds();
     void aProgramIsKnownWhateverItsWindowTells_data() { addTold(true); }
     void aProgramIsKnownWhateverItsWindowTells();
     void theWindowIsAskedOnAServerWithoutProcesses_data() { addTold(false); }
     void theWindowIsAskedOnAServerWithoutProcesses() { aProgramIsKnownWhateverItsWindowTells(); }
     void theWindowManagersActiveWindowCounts();
-    void withoutAnActiveWindowNobodyIsInFront();
-    void insteadOfAnActiveWindowThatIsGoneTheOneWithTheKeysCounts();
+    void theRootWindowsWordOnWhatIsActiveCounts_data();
+    void theRootWindowsWordOnWhatIsActiveCounts();
     void theWindowAroundTheOneWithTheKeysCounts();
+    void whenKeysGoToThePointerTheWindowBelowItCounts_data();
     void whenKeysGoToThePointerTheWindowBelowItCounts();
-    void whenKeysGoToThePointerTheScreenIsNobodys();
-    void whenKeysGoNowhereNobodyIsInFront();
     void whatAnEndedWindowManagerLeftDoesNotCount();
-    void aWindowManagerThatTellsNoActiveWindowIsNotAsked();
     void theScreenThatTheDisplayNamesIsAsked_data();
     void theScreenThatTheDisplayNamesIsAsked();
 
 private:
     [[nodiscard]] std::unique_ptr<XServer> startServer() override;
-    static void addManagers();
     static void addTold(bool isKnown);
     /// Starts the window manager, and points $DISPLAY to the screen.
     [[nodiscard]] bool prepare(const QByteArray& managerName);
-    void announceWindowManager();
     [[nodiscard]] QList<uint32_t> activeWindow() const
     {
         return numbersOfRoot(desktop->x, "_NET_ACTIVE_WINDOW");
@@ -67,7 +61,7 @@ std::unique_ptr<XServer> FrontmostTest::startServer()
     return DesktopTest::startServer();
 }
 
-void FrontmostTest::addManagers()
+void FrontmostTest::aProgramIsInFrontUntilItEnds_data()
 {
     QTest::addColumn<QByteArray>("managerName");
 
@@ -81,33 +75,20 @@ bool FrontmostTest::prepare(const QByteArray& managerName)
     return startWindowManager(managerName);
 }
 
-void FrontmostTest::announceWindowManager()
-{
-    setNumbers(desktop->x, desktop->x.root(), "_NET_SUPPORTING_WM_CHECK", {desktop->x.root()});
-}
-
-void FrontmostTest::onABareScreenNobodyIsInFront()
+void FrontmostTest::aProgramIsInFrontUntilItEnds()
 {
     // given
     QFETCH(QByteArray, managerName);
     QVERIFY(prepare(managerName));
-
-    // then
-    QCOMPARE(getCurrentFocusProcess(), nobody);
-}
-
-void FrontmostTest::whenTheProgramEndsNobodyIsInFront()
-{
-    // given
-    QFETCH(QByteArray, managerName);
-    QVERIFY(prepare(managerName));
-    auto client = std::make_unique<WindowClient>(*desktop, ownProcess() << "do=keys");
-    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client->id());
+    const int onTheBareScreen = getCurrentFocusProcess();
 
     // when
-    client.reset();
+    auto client = std::make_unique<WindowClient>(*desktop, ownProcess() << "do=keys");
 
     // then
+    QCOMPARE(onTheBareScreen, nobody);
+    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client->id());
+    client.reset();
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), nobody);
 }
 
@@ -173,35 +154,33 @@ void FrontmostTest::theWindowManagersActiveWindowCounts()
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), below.id());
 }
 
-void FrontmostTest::withoutAnActiveWindowNobodyIsInFront()
+void FrontmostTest::theRootWindowsWordOnWhatIsActiveCounts_data()
 {
-    // given
-    QVERIFY(prepare("none"));
-    const WindowClient client(*desktop, ownProcess() << "do=keys");
-    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
+    QTest::addColumn<QList<uint32_t>>("active");
+    QTest::addColumn<bool>("isInFront");
 
-    // when
-    announceWindowManager();
-    setNumbers(desktop->x, desktop->x.root(), "_NET_ACTIVE_WINDOW", {XCB_NONE});
-
-    // then
-    QCOMPARE(getCurrentFocusProcess(), nobody);
+    const uint32_t gone = 0x12345678;
+    QTest::newRow("none is") << QList<uint32_t>{XCB_NONE} << false;
+    QTest::newRow("one that is gone: who has the keys") << QList<uint32_t>{gone} << true;
+    QTest::newRow("nothing told: who has the keys") << QList<uint32_t>{} << true;
 }
 
-void FrontmostTest::insteadOfAnActiveWindowThatIsGoneTheOneWithTheKeysCounts()
+void FrontmostTest::theRootWindowsWordOnWhatIsActiveCounts()
 {
     // given
+    QFETCH(QList<uint32_t>, active);
+    QFETCH(bool, isInFront);
     QVERIFY(prepare("none"));
     const WindowClient client(*desktop, {"do=keys"});
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
-    const xcb_window_t gone = xcb_generate_id(desktop->x.raw());
 
-    // when
-    announceWindowManager();
-    setNumbers(desktop->x, desktop->x.root(), "_NET_ACTIVE_WINDOW", {gone});
+    // when: a window manager announces itself
+    const xcb_window_t root = desktop->x.root();
+    setNumbers(desktop->x, root, "_NET_SUPPORTING_WM_CHECK", {root});
+    setNumbers(desktop->x, root, "_NET_ACTIVE_WINDOW", active);
 
     // then
-    QCOMPARE(getCurrentFocusProcess(), client.id());
+    QCOMPARE(getCurrentFocusProcess(), isInFront ? client.id() : nobody);
 }
 
 void FrontmostTest::theWindowAroundTheOneWithTheKeysCounts()
@@ -218,50 +197,36 @@ void FrontmostTest::theWindowAroundTheOneWithTheKeysCounts()
     QVERIFY(desktop->windows.focused() != client.window());
 }
 
+void FrontmostTest::whenKeysGoToThePointerTheWindowBelowItCounts_data()
+{
+    QTest::addColumn<bool>("isAbove");
+    QTest::addColumn<uint32_t>("keys");
+    QTest::addColumn<bool>("isInFront");
+
+    const uint32_t pointer = XCB_INPUT_FOCUS_POINTER_ROOT;
+    QTest::newRow("above the window") << true << pointer << true;
+    QTest::newRow("above the screen") << false << pointer << false;
+    QTest::newRow("keys go nowhere") << true << uint32_t{XCB_INPUT_FOCUS_NONE} << false;
+}
+
 void FrontmostTest::whenKeysGoToThePointerTheWindowBelowItCounts()
 {
     // given
-    QVERIFY(prepare("none"));
-    const WindowClient client(*desktop, ownProcess());
-    EVENTUALLY(client.window() != XCB_NONE);
-    QCOMPARE(desktop->windows.focused(), static_cast<uint32_t>(XCB_INPUT_FOCUS_POINTER_ROOT));
-
-    // when
-    desktop->pointer.moveTo(desktop->windows.geometry(client.window()).center());
-
-    // then
-    QCOMPARE(getCurrentFocusProcess(), client.id());
-}
-
-void FrontmostTest::whenKeysGoToThePointerTheScreenIsNobodys()
-{
-    // given
+    QFETCH(bool, isAbove);
+    QFETCH(uint32_t, keys);
+    QFETCH(bool, isInFront);
     QVERIFY(prepare("none"));
     const WindowClient client(*desktop, ownProcess());
     EVENTUALLY(client.window() != XCB_NONE);
 
     // when
-    desktop->pointer.moveTo({640, 400});
-
-    // then
-    QCOMPARE(getCurrentFocusProcess(), nobody);
-}
-
-void FrontmostTest::whenKeysGoNowhereNobodyIsInFront()
-{
-    // given
-    QVERIFY(prepare("none"));
-    const WindowClient client(*desktop, ownProcess());
-    EVENTUALLY(client.window() != XCB_NONE);
-    desktop->pointer.moveTo(desktop->windows.geometry(client.window()).center());
-
-    // when
-    xcb_set_input_focus(desktop->x.raw(), XCB_INPUT_FOCUS_NONE, XCB_INPUT_FOCUS_NONE,
-                        XCB_CURRENT_TIME);
+    const QPoint middle = desktop->windows.geometry(client.window()).center();
+    desktop->pointer.moveTo(isAbove ? middle : QPoint(640, 400));
+    xcb_set_input_focus(desktop->x.raw(), XCB_INPUT_FOCUS_NONE, keys, XCB_CURRENT_TIME);
     desktop->x.synchronise();
 
     // then
-    QCOMPARE(getCurrentFocusProcess(), nobody);
+    QCOMPARE(getCurrentFocusProcess(), isInFront ? client.id() : nobody);
 }
 
 void FrontmostTest::whatAnEndedWindowManagerLeftDoesNotCount()
@@ -274,19 +239,6 @@ void FrontmostTest::whatAnEndedWindowManagerLeftDoesNotCount()
     const xcb_window_t gone = xcb_generate_id(desktop->x.raw());
     setNumbers(desktop->x, desktop->x.root(), "_NET_SUPPORTING_WM_CHECK", {gone});
     setNumbers(desktop->x, desktop->x.root(), "_NET_ACTIVE_WINDOW", {formerWindow});
-
-    // when
-    const WindowClient client(*desktop, ownProcess() << "do=keys");
-
-    // then
-    EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
-}
-
-void FrontmostTest::aWindowManagerThatTellsNoActiveWindowIsNotAsked()
-{
-    // given
-    QVERIFY(prepare("none"));
-    announceWindowManager();
 
     // when
     const WindowClient client(*desktop, ownProcess() << "do=keys");

@@ -12,7 +12,7 @@ namespace {
 
 /// The client's file, whose name is as short as the kernel's.
 const std::string clientPath = WINDOW_CLIENT;
-const std::string clientName = "os-windowclient";
+constexpr auto clientName = "os-windowclient";
 
 pidInfos infosOf(int process)
 {
@@ -33,17 +33,10 @@ class PidInfosTest : public DesktopTest {
     Q_OBJECT
 
 private slots:
-    void anApplicationIsDescribedByItsEntry_data();
-    void anApplicationIsDescribedByItsEntry();
-    void withoutAnEntryAnApplicationIsCalledByItsClass();
-    void anEntryWithoutANameLendsItsId();
-    void aWindowClassIsTwoTexts_data();
-    void aWindowClassIsTwoTexts();
+    void anApplicationIsDescribedByItsEntryOrItsClass_data();
+    void anApplicationIsDescribedByItsEntryOrItsClass();
     void anExecutableIsKnownByItsPathUntilAfterItsRemoval_data();
     void anExecutableIsKnownByItsPathUntilAfterItsRemoval();
-    void anApplicationWithoutAnyNameIsLikeABackgroundProcess();
-    void anApplicationIsKnownWhateverItsWindowTells_data();
-    void anApplicationIsKnownWhateverItsWindowTells();
     void withoutAWindowManagerThereAreNoApplications();
     void theFirstListedWindowTells();
     void aListedWindowThatIsGoneIsPassedOver();
@@ -69,109 +62,69 @@ bool PidInfosTest::prepare(const QByteArray& managerName)
     return startWindowManager(managerName);
 }
 
-void PidInfosTest::anApplicationIsDescribedByItsEntry_data()
+void PidInfosTest::anApplicationIsDescribedByItsEntryOrItsClass_data()
 {
     QTest::addColumn<QByteArrayList>("told");
-    QTest::addColumn<QString>("file");
-    QTest::addColumn<QByteArray>("more");
-    QTest::addColumn<std::string>("id");
+    QTest::addColumn<std::string>("file");
+    QTest::addColumn<std::string>("entry");
+    QTest::addColumn<std::string>("name");
+    QTest::addColumn<std::string>("id"); // empty for none
 
-    const auto row = [](const char* tag, const QByteArrayList& told, const char* file,
-                        const char* more, const char* id) {
-        QTest::newRow(tag) << told << QString(file) << QByteArray(more) << std::string(id);
+    const auto entryRow = [](const char* tag, const QByteArrayList& told, const char* file,
+                             const std::string& entry, const char* name, const char* id) {
+        QTest::newRow(tag) << told << std::string(file) << entry << std::string(name)
+                           << std::string(id);
     };
-    row("window class in the entry", {"WM_CLASS=paint|Paint-2|"}, "painter.desktop",
-        "StartupWMClass=Paint-2\n", "painter");
-    row("entry named for KDE", {"WM_CLASS=a|B|", "_KDE_NET_WM_DESKTOP_FILE=org.example.Painter"},
-        "org.example.Painter.desktop", "", "org.example.Painter");
-    row("entry named for GNOME", {"WM_CLASS=a|B|", "_GTK_APPLICATION_ID=org.example.Painter"},
-        "org.example.Painter.desktop", "", "org.example.Painter");
-    row("entry in a subfolder", {"_KDE_NET_WM_DESKTOP_FILE=kde4-painter"}, "kde4/painter.desktop",
-        "", "kde4-painter");
+    const std::string painter = entryText("true");
+    entryRow("window class in the entry", {"WM_CLASS=paint|Paint-2|"}, "the-painter.desktop",
+             entryText("true", "StartupWMClass=Paint-2\n"), "Painter", "the-painter");
+    entryRow("entry named for KDE", {"WM_CLASS=a|B|", "_KDE_NET_WM_DESKTOP_FILE=org.x.Painter"},
+             "org.x.Painter.desktop", painter, "Painter", "org.x.Painter");
+    entryRow("entry named for GNOME", {"WM_CLASS=a|B|", "_GTK_APPLICATION_ID=org.x.Painter"},
+             "org.x.Painter.desktop", painter, "Painter", "org.x.Painter");
+    entryRow("entry in a subfolder", {"_KDE_NET_WM_DESKTOP_FILE=kde4-painter"},
+             "kde4/painter.desktop", painter, "Painter", "kde4-painter");
+    entryRow("entry without a name", {"WM_CLASS=painter|XPaint|"}, "painter.desktop",
+             "[Desktop Entry]\nType=Application\n", "painter", "painter");
+
+    const auto row = [&entryRow](const char* tag, const QByteArrayList& told, const char* name) {
+        entryRow(tag, told, "other.desktop", entryText("true"), name, "");
+    };
+    row("class", {"WM_CLASS=xpaint|XPaint|"}, "XPaint");
+    row("class without the last zero", {"WM_CLASS=xterm|XTerm"}, "XTerm");
+    row("class with more after it", {"WM_CLASS=a|b|c|"}, "b");
+    row("one text", {"WM_CLASS=xterm|"}, "xterm");
+    row("one text without zero", {"WM_CLASS=xterm"}, "xterm");
+    row("no instance", {"WM_CLASS=|XTerm|"}, "XTerm");
+    row("no ASCII", {"WM_CLASS=\xff|\xe9|"}, "\xe9");
+    row("two empty texts", {"WM_CLASS=||"}, clientName);
+    row("no class", {}, clientName);
+    row("no process", {"WM_CLASS=a|b|", ownProcess().last()}, "b");
+    row("no machine", {"WM_CLASS=a|b|", "pid=own"}, "b");
+    row("another machine", {"WM_CLASS=a|b|", "pid=own", "WM_CLIENT_MACHINE=elsewhere"}, "b");
+    row("another process", {"WM_CLASS=a|b|", "pid=1", ownProcess().last()}, "b");
 }
 
-void PidInfosTest::anApplicationIsDescribedByItsEntry()
+void PidInfosTest::anApplicationIsDescribedByItsEntryOrItsClass()
 {
     // given
     QFETCH(QByteArrayList, told);
-    QFETCH(QString, file);
-    QFETCH(QByteArray, more);
+    QFETCH(std::string, file);
+    QFETCH(std::string, entry);
+    QFETCH(std::string, name);
     QVERIFY(prepare());
-    writeFile(session->systemApplications() / file.toStdString(),
-              applicationText("The Painter", more.toStdString()));
-    const WindowClient client(*desktop, ownProcess() + told);
+    writeFile(session->systemApplications() / file, entry);
+    const WindowClient client(*desktop, told);
     EVENTUALLY(isListed(*desktop, client.window()));
 
     // when
     const pidInfos info = infosOf(client.id());
 
     // then
-    QCOMPARE(info.name, "The Painter");
-    QCOMPARE(info.path, clientPath);
-    QTEST(std::string(info.bundleId), "id");
-}
-
-void PidInfosTest::withoutAnEntryAnApplicationIsCalledByItsClass()
-{
-    // given
-    QVERIFY(prepare());
-    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=xpaint|XPaint|");
-    EVENTUALLY(isListed(*desktop, client.window()));
-
-    // when
-    const pidInfos info = infosOf(client.id());
-
-    // then
-    QCOMPARE(info.name, "XPaint");
-    QCOMPARE(info.path, clientPath);
-    QVERIFY(!info.bundleId);
-}
-
-void PidInfosTest::anEntryWithoutANameLendsItsId()
-{
-    // given
-    QVERIFY(prepare());
-    writeFile(session->applications() / "painter.desktop", "[Desktop Entry]\nType=Application\n");
-    const WindowClient client(*desktop, ownProcess() << "WM_CLASS=painter|XPaint|");
-    EVENTUALLY(isListed(*desktop, client.window()));
-
-    // when
-    const pidInfos info = infosOf(client.id());
-
-    // then
-    QCOMPARE(info.name, "painter");
-    QCOMPARE(info.path, clientPath);
-    QCOMPARE(std::string(info.bundleId), "painter");
-}
-
-void PidInfosTest::aWindowClassIsTwoTexts_data()
-{
-    QTest::addColumn<QByteArray>("windowClass");
-    QTest::addColumn<std::string>("name");
-
-    const auto row = [](const char* tag, const char* windowClass, const std::string& name) {
-        QTest::newRow(tag) << "WM_CLASS=" + QByteArray(windowClass) << name;
-    };
-    row("without the last zero", "xterm|XTerm", "XTerm");
-    row("with more after it", "a|b|c|", "b");
-    row("one text", "xterm|", "xterm");
-    row("one text without zero", "xterm", "xterm");
-    row("no instance", "|XTerm|", "XTerm");
-    row("two empty texts", "||", clientName);
-    row("nothing", "", clientName);
-    row("no ASCII", "\xff|\xe9|", "\xe9");
-}
-
-void PidInfosTest::aWindowClassIsTwoTexts()
-{
-    // given
-    QFETCH(QByteArray, windowClass);
-    QVERIFY(prepare());
-    const WindowClient client(*desktop, {windowClass});
-    EVENTUALLY(isListed(*desktop, client.window()));
-
-    // then
-    QTEST(infosOf(client.id()).name, "name");
+    QCOMPARE(info.name, name);
+    QCOMPARE(info.path, name == clientName ? std::string() : clientPath);
+    QTEST(std::string(info.bundleId ? info.bundleId : ""), "id");
+    QCOMPARE(infosOf(1).path, std::string());
 }
 
 void PidInfosTest::anExecutableIsKnownByItsPathUntilAfterItsRemoval_data()
@@ -201,45 +154,6 @@ void PidInfosTest::anExecutableIsKnownByItsPathUntilAfterItsRemoval()
     // then
     QCOMPARE(before, copy);
     QCOMPARE(infosOf(client.id()).path, copy);
-}
-
-void PidInfosTest::anApplicationWithoutAnyNameIsLikeABackgroundProcess()
-{
-    // given
-    QVERIFY(prepare());
-    const WindowClient client(*desktop, ownProcess());
-    EVENTUALLY(isListed(*desktop, client.window()));
-
-    // when
-    const pidInfos info = infosOf(client.id());
-
-    // then
-    QCOMPARE(info.name, clientName);
-    QCOMPARE(info.path, std::string());
-    QVERIFY(!info.bundleId);
-}
-
-void PidInfosTest::anApplicationIsKnownWhateverItsWindowTells_data()
-{
-    QTest::addColumn<QByteArrayList>("told");
-
-    QTest::newRow("no process") << QByteArrayList{ownProcess().last()};
-    QTest::newRow("no machine") << QByteArrayList{"pid=own"};
-    QTest::newRow("another machine") << QByteArrayList{"pid=own", "WM_CLIENT_MACHINE=elsewhere"};
-    QTest::newRow("another process") << QByteArrayList{"pid=1", ownProcess().last()};
-}
-
-void PidInfosTest::anApplicationIsKnownWhateverItsWindowTells()
-{
-    // given
-    QFETCH(QByteArrayList, told);
-    QVERIFY(prepare());
-    const WindowClient client(*desktop, told << "WM_CLASS=xpaint|XPaint|");
-    EVENTUALLY(isListed(*desktop, client.window()));
-
-    // then
-    QCOMPARE(infosOf(client.id()).name, "XPaint");
-    QCOMPARE(infosOf(1).path, std::string());
 }
 
 void PidInfosTest::withoutAWindowManagerThereAreNoApplications()
@@ -302,7 +216,7 @@ void PidInfosTest::theEntrysIdOutlivesTheCall()
 {
     // given
     QVERIFY(prepare());
-    writeFile(session->applications() / "painter.desktop", applicationText("Painter"));
+    writeFile(session->applications() / "painter.desktop", entryText("true"));
     auto client =
         std::make_unique<WindowClient>(*desktop, ownProcess() << "WM_CLASS=painter|Painter|");
     EVENTUALLY(isListed(*desktop, client->window()));

@@ -85,9 +85,7 @@ class ProcessCallsTest : public QObject {
 
 private slots:
     void init();
-    void theIdIsSentAsTheSignal_data();
     void theIdIsSentAsTheSignal();
-    void theLastCallTellsTheAnswer_data();
     void theLastCallTellsTheAnswer();
     void closingByNameSendsTheIdThatIsFound();
     void closingNobodyStillCalls();
@@ -118,52 +116,35 @@ void ProcessCallsTest::init()
     answers.clear();
 }
 
-void ProcessCallsTest::theIdIsSentAsTheSignal_data()
-{
-    QTest::addColumn<int>("id");
-
-    for (const int id :
-         {0, 15, 64, 4242, -1, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()})
-        QTest::addRow("%d", id) << id;
-}
-
 void ProcessCallsTest::theIdIsSentAsTheSignal()
 {
-    // given
-    QFETCH(int, id);
+    for (const int id :
+         {0, 15, 64, 4242, -1, std::numeric_limits<int>::max(), std::numeric_limits<int>::min()}) {
+        // when
+        static_cast<void>(is_executable_alive(id));
+        const QList<KillCall> asking = std::exchange(calls, {});
+        closeProcess(id);
+        const QList<KillCall> closing = std::exchange(calls, {});
 
-    // when
-    static_cast<void>(is_executable_alive(id));
-    const QList<KillCall> asking = std::exchange(calls, {});
-    closeProcess(id);
-
-    // then
-    QCOMPARE(asking, QList<KillCall>({{0, id}}));
-    QCOMPARE(calls, QList<KillCall>({{3, id}, {0, id}}));
-}
-
-void ProcessCallsTest::theLastCallTellsTheAnswer_data()
-{
-    QTest::addColumn<bool>("first");
-    QTest::addColumn<bool>("second");
-
-    QTest::newRow("both") << true << true;
-    QTest::newRow("only the first") << true << false;
-    QTest::newRow("only the second") << false << true;
-    QTest::newRow("neither") << false << false;
+        // then
+        QCOMPARE(asking, QList<KillCall>({{0, id}}));
+        QCOMPARE(closing, QList<KillCall>({{3, id}, {0, id}}));
+    }
 }
 
 void ProcessCallsTest::theLastCallTellsTheAnswer()
 {
-    // given
-    QFETCH(bool, first);
-    QFETCH(bool, second);
-    answers = {first, first, second};
+    for (const bool first : {true, false}) {
+        for (const bool second : {true, false}) {
+            // given
+            answers = {first, first, second};
 
-    // then
-    QCOMPARE(is_executable_alive(4242), first);
-    QCOMPARE(closeProcess(4242), second);
-    QVERIFY(answers.isEmpty());
+            // then
+            QCOMPARE(is_executable_alive(4242), first);
+            QCOMPARE(closeProcess(4242), second);
+            QVERIFY(answers.isEmpty());
+        }
+    }
 }
 
 void ProcessCallsTest::closingByNameSendsTheIdThatIsFound()

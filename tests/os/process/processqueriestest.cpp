@@ -32,23 +32,18 @@ private slots:
     void init();
     void aProgramIsFoundByItsName_data();
     void aProgramIsFoundByItsName();
-    void onlyTheBytesThatTheKernelKeepsFindALongName_data();
     void onlyTheBytesThatTheKernelKeepsFindALongName();
     void aKernelThreadIsNotFoundByALongerName();
     void onlyTheVeryNameFindsAProgram();
     void anEmptyNameFindsWhatHasNoName();
     void theLowestIdIsFound();
     void aZombieIsFoundUntilItIsGone();
-    void aProcessHasItsWholeName_data();
     void aProcessHasItsWholeName();
     void aScriptHasItsWholeName();
-    void whatAProcessCallsItselfIsLeftAsItIs_data();
     void whatAProcessCallsItselfIsLeftAsItIs();
     void pathAndTitleAreAlwaysEmpty();
     void askingForLifeByNameGivesTheId();
-    void withoutADisplayAProcessIsKnownByItsName();
     void whatIsNoProcessIsDescribedByNothing();
-    void thePartsThatAreNotFilledStayAsTheyWere();
     void theSignaturesAreAsGiven();
 };
 
@@ -83,27 +78,19 @@ void ProcessQueriesTest::aProgramIsFoundByItsName()
     EVENTUALLY_COMPARE(getProcessId(name.toStdString()), program.id());
 }
 
-void ProcessQueriesTest::onlyTheBytesThatTheKernelKeepsFindALongName_data()
-{
-    QTest::addColumn<int>("length");
-
-    QTest::newRow("16 bytes") << 16;
-    QTest::newRow("17 bytes") << 17;
-    QTest::newRow("many") << 200;
-}
-
 void ProcessQueriesTest::onlyTheBytesThatTheKernelKeepsFindALongName()
 {
-    // given
-    QFETCH(int, length);
-    const QByteArray file = ownName("longer", length);
-    const RunningProgram program(file);
+    for (const int length : {16, 17, 200}) {
+        // given
+        const QByteArray file = ownName("longer", length);
+        const RunningProgram program(file);
 
-    // then
-    EVENTUALLY_COMPARE(getProcessId(file.left(15).toStdString()), program.id());
-    QCOMPARE(getProcessId(file.toStdString()), notFound);
-    QCOMPARE(getProcessId(file.left(16).toStdString()), notFound);
-    QCOMPARE(getProcessId(file.left(14).toStdString()), notFound);
+        // then
+        EVENTUALLY_COMPARE(getProcessId(file.left(15).toStdString()), program.id());
+        QCOMPARE(getProcessId(file.toStdString()), notFound);
+        QCOMPARE(getProcessId(file.left(16).toStdString()), notFound);
+        QCOMPARE(getProcessId(file.left(14).toStdString()), notFound);
+    }
 }
 
 void ProcessQueriesTest::aKernelThreadIsNotFoundByALongerName()
@@ -174,25 +161,16 @@ void ProcessQueriesTest::aZombieIsFoundUntilItIsGone()
     QCOMPARE(getProcessId(name.toStdString()), notFound);
 }
 
-void ProcessQueriesTest::aProcessHasItsWholeName_data()
-{
-    QTest::addColumn<int>("length");
-
-    for (const int length : {14, 15, 16, 200})
-        QTest::addRow("%d bytes", length) << length;
-}
-
 void ProcessQueriesTest::aProcessHasItsWholeName()
 {
-    // given
-    QFETCH(int, length);
-    const QByteArray file = ownName("call ", length);
+    for (const int length : {14, 15, 16, 200}) {
+        // when
+        const QByteArray file = ownName("call ", length);
+        const RunningProgram program(file);
 
-    // when
-    const RunningProgram program(file);
-
-    // then
-    EVENTUALLY_COMPARE(get_application_basename(program.id()), file.toStdString());
+        // then
+        EVENTUALLY_COMPARE(get_application_basename(program.id()), file.toStdString());
+    }
 }
 
 void ProcessQueriesTest::aScriptHasItsWholeName()
@@ -221,32 +199,16 @@ void ProcessQueriesTest::aScriptHasItsWholeName()
     ::close(pipe[1]);
 }
 
-void ProcessQueriesTest::whatAProcessCallsItselfIsLeftAsItIs_data()
-{
-    QTest::addColumn<QByteArray>("name");
-
-    QTest::newRow("a word") << QByteArray("word");
-    QTest::newRow("nothing") << QByteArray();
-    QTest::newRow("a line end") << QByteArray("\n");
-    QTest::newRow("line ends") << QByteArray("\n\n");
-    QTest::newRow("a slash") << QByteArray("a/b");
-    QTest::newRow("a look-alike") << QByteArray("1 (init) S 0");
-    QTest::newRow("blanks, tabulators and backslashes") << QByteArray(" a\tb\\n ");
-    QTest::newRow("no text") << QByteArray("\xff\xfe\xc3");
-    QTest::newRow("a number") << QByteArray("12345");
-    QTest::newRow("15 bytes") << QByteArray("123456789abcdef");
-}
-
 void ProcessQueriesTest::whatAProcessCallsItselfIsLeftAsItIs()
 {
-    // given
-    QFETCH(QByteArray, name);
+    for (const char* name : {"word", "", "\n", "\n\n", "a/b", "1 (init) S 0", " a\tb\\n ",
+                             "\xff\xfe\xc3", "12345", "123456789abcdef"}) {
+        // when
+        const ChildProcess program(renamed(name));
 
-    // when
-    const ChildProcess program(renamed(name));
-
-    // then
-    EVENTUALLY_COMPARE(get_application_basename(program.pid()), name.toStdString());
+        // then
+        EVENTUALLY_COMPARE(get_application_basename(program.pid()), std::string(name));
+    }
 }
 
 void ProcessQueriesTest::pathAndTitleAreAlwaysEmpty()
@@ -271,22 +233,6 @@ void ProcessQueriesTest::askingForLifeByNameGivesTheId()
     EVENTUALLY_COMPARE(is_executable_alive(name), program.id());
 }
 
-void ProcessQueriesTest::withoutADisplayAProcessIsKnownByItsName()
-{
-    // given
-    const QByteArray file = ownName("background", 20);
-    const RunningProgram program(file);
-    EVENTUALLY(isFound(file.left(15)));
-    pidInfos info{.pid = program.id(), .path = "/before", .name = "before"};
-
-    // when
-    getPidInfos(&info);
-
-    // then
-    QCOMPARE(info.name, file.toStdString());
-    QCOMPARE(info.path, std::string());
-}
-
 void ProcessQueriesTest::whatIsNoProcessIsDescribedByNothing()
 {
     for (const int id :
@@ -301,21 +247,6 @@ void ProcessQueriesTest::whatIsNoProcessIsDescribedByNothing()
         QCOMPARE(info.name, std::string());
         QCOMPARE(info.path, std::string());
     }
-}
-
-void ProcessQueriesTest::thePartsThatAreNotFilledStayAsTheyWere()
-{
-    // given
-    const char* const before = "before";
-    pidInfos info{.pid = ::getpid(), .reserved = 77, .bundleId = before};
-
-    // when
-    getPidInfos(&info);
-
-    // then
-    QCOMPARE(info.pid, ::getpid());
-    QCOMPARE(info.reserved, 77);
-    QCOMPARE(static_cast<const void*>(info.bundleId), static_cast<const void*>(before));
 }
 
 void ProcessQueriesTest::theSignaturesAreAsGiven()
