@@ -1,9 +1,13 @@
 #pragma once
 
+#include "os/filedescriptor.h"
+#include "os/login/loginitems.h"
+
 #include <QByteArray>
 #include <QTest>
 #include <QtGlobal>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <filesystem>
@@ -16,6 +20,7 @@
 #include <system_error>
 #include <vector>
 
+#include <sys/mman.h>
 #include <unistd.h>
 
 Q_DECLARE_METATYPE(std::string)
@@ -66,23 +71,34 @@ inline std::set<std::string> namesIn(const Path& folder)
     return names;
 }
 
-/// What the process writes to standard output meanwhile.
-inline std::string printedBy(const std::function<void()>& deed)
+/// What the process writes to a stream meanwhile.
+inline std::string printedBy(const std::function<void()>& deed, std::FILE* stream = stdout)
 {
-    std::fflush(stdout);
-    const int output = dup(STDOUT_FILENO);
-    std::FILE* const capture = std::tmpfile();
-    dup2(fileno(capture), STDOUT_FILENO);
+    std::fflush(stream);
+    const osUtils::FileDescriptor before(dup(fileno(stream)));
+    const osUtils::FileDescriptor capture(memfd_create("printed", MFD_CLOEXEC));
+    dup2(capture.number(), fileno(stream));
     deed();
-    std::fflush(stdout);
-    dup2(output, STDOUT_FILENO);
-    close(output);
-    std::rewind(capture);
-    std::string printed;
-    for (int character; (character = std::fgetc(capture)) != EOF;)
-        printed += static_cast<char>(character);
-    std::fclose(capture);
+    std::fflush(stream);
+    dup2(before.number(), fileno(stream));
+    std::string printed(1000, ' ');
+    printed.resize(static_cast<std::size_t>(
+        std::max(ssize_t{0}, pread(capture.number(), printed.data(), printed.size(), 0))));
     return printed;
+}
+
+using Paths = std::vector<std::string>;
+
+/// Paths of all login items, in their order.
+inline Paths listedPaths()
+{
+    LoginItemArrayRef items;
+    if (LIAECopyLoginItems(items) != LoginItemStatus::success)
+        return {"not listed"};
+    Paths paths;
+    for (const LoginItem& item : *items)
+        paths.push_back(item.URL->path());
+    return paths;
 }
 
 /// The environment of a user of the test's own, whose folders are empty; the one before is back

@@ -1,7 +1,6 @@
 #include "os/login/loginitems.h"
 #include "tests/os/desktopentry/session.h"
 #include "tests/os/login/childprocess.h"
-#include "tests/os/login/listedpaths.h"
 #include "tests/os/login/systemcalls.h"
 #include "tests/support/testprogram.h"
 

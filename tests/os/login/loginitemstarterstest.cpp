@@ -1,9 +1,6 @@
 #include "os/login/loginitems.h"
 #include "tests/os/desktopentry/session.h"
-#include "tests/os/login/listedpaths.h"
-#include "tests/support/testprogram.h"
 
-#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
@@ -281,5 +278,5 @@ void LoginItemStartersTest::anItemThatAnotherProgramEditsKeepsItsPlace()
     QVERIFY(allLoginItems()->at(0).Hidden);
 }
 
-REGISTER_TEST(LoginItemStartersTest, QCoreApplication)
+QTEST_GUILESS_MAIN(LoginItemStartersTest)
 #include "loginitemstarterstest.moc"

@@ -1,8 +1,6 @@
 #include "os/login/loginitems.h"
 
 #include "tests/os/desktopentry/session.h"
-#include "tests/os/login/listedpaths.h"
-#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -628,5 +626,5 @@ void LoginItemsTest::whatOthersAddToOurEntriesSurvives()
     QCOMPARE(listedPaths(), (Paths{"/bin/true", "/bin/sh"}));
 }
 
-REGISTER_TEST(LoginItemsTest, TestSupport::NoApplication)
+QTEST_APPLESS_MAIN(LoginItemsTest)
 #include "loginitemstest.moc"

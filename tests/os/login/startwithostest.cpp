@@ -1,10 +1,7 @@
 #include "os/login/loginitems.h"
 
 #include "tests/os/desktopentry/session.h"
-#include "tests/os/login/listedpaths.h"
-#include "tests/support/testprogram.h"
 
-#include <QCoreApplication>
 #include <QProcess>
 #include <QRegularExpression>
 #include <QTest>
@@ -361,5 +358,5 @@ void StartWithOsTest::failuresAreReported()
     QCOMPARE(switched, asked + "Couldn't add login item error 20");
 }
 
-REGISTER_TEST(StartWithOsTest, QCoreApplication)
+QTEST_GUILESS_MAIN(StartWithOsTest)
 #include "startwithostest.moc"

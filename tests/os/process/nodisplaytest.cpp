@@ -116,19 +116,26 @@ void NoDisplayTest::aServerThatHangsUpIsNoDisplay()
 void NoDisplayTest::aSilentServerIsGivenUpAndNothingAskedUntilItIsGone()
 {
     // given
-    const WindowClient client(*desktop, ownProcess() << "do=keys");
+    const WindowClient client(*desktop,
+                              ownProcess() << "WM_CLASS=a|b|"
+                                           << "do=keys");
+    EVENTUALLY(client.window() != XCB_NONE);
+    setNumbers(desktop->x, desktop->x.root(), "_NET_CLIENT_LIST", {client.window()});
     const SilentServer silent;
     qputenv("DISPLAY", silent.display());
+    pidInfos meanwhile{.pid = client.id()};
 
     // when
     const int onSilentServer = getCurrentFocusProcess();
     qputenv("DISPLAY", desktop->display);
-    const int meanwhile = getCurrentFocusProcess();
+    const int inFrontMeanwhile = getCurrentFocusProcess();
+    getPidInfos(&meanwhile);
     silent.accept().close();
 
     // then
     QCOMPARE(onSilentServer, nobody);
-    QCOMPARE(meanwhile, nobody);
+    QCOMPARE(inFrontMeanwhile, nobody);
+    QCOMPARE(meanwhile.path, std::string());
     EVENTUALLY_COMPARE(getCurrentFocusProcess(), client.id());
 }
 

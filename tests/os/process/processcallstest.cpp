@@ -1,22 +1,20 @@
 #include "os/process/processqueries.h"
 
-#include "tests/desktop/harness/filedescriptor.h"
-#include "tests/support/testprogram.h"
+#include "tests/os/desktopentry/session.h"
 
 #include <QList>
 #include <QRegularExpression>
 #include <QTest>
 
-#include <sys/mman.h>
 #include <sys/prctl.h>
 #include <unistd.h>
 
 #include <cerrno>
 #include <cstdlib>
-#include <functional>
 #include <new>
 
 using namespace osUtils::Process;
+using namespace TestSupport;
 
 namespace {
 
@@ -36,18 +34,6 @@ QList<bool> answers;
 constexpr const char* nobody = "nobody is so";
 
 bool isMemoryShort = false;
-
-/// What goes to the error stream during the deed.
-QByteArray errorsOf(const std::function<void()>& deed)
-{
-    const FileDescriptor written(::memfd_create("errors", MFD_CLOEXEC));
-    const FileDescriptor before(::dup(STDERR_FILENO));
-    ::dup2(written.get(), STDERR_FILENO);
-    deed();
-    ::dup2(before.get(), STDERR_FILENO);
-    char text[1000];
-    return {text, static_cast<int>(::pread(written.get(), text, sizeof text, 0))};
-}
 
 }
 
@@ -105,7 +91,7 @@ private:
 
     /// This process's own.
     const std::string name = "calls" + QByteArray::number(::getpid(), 36).toStdString();
-    const QByteArray line = "could not reallocate memory\n";
+    const std::string line = "could not reallocate memory\n";
 };
 
 void ProcessCallsTest::init()
@@ -195,10 +181,12 @@ void ProcessCallsTest::withoutMemoryForTheTableALineIsWrittenEachTime()
     int second = 0;
 
     // when
-    const QByteArray errors = errorsOf([&] {
-        first = findWithoutMemory();
-        second = findWithoutMemory();
-    });
+    const std::string errors = printedBy(
+        [&] {
+            first = findWithoutMemory();
+            second = findWithoutMemory();
+        },
+        stderr);
 
     // then
     QCOMPARE(errors, line + line);
@@ -214,16 +202,18 @@ void ProcessCallsTest::withMemoryNothingIsWritten()
     int missed = 0;
 
     // when
-    const QByteArray errors = errorsOf([&] {
-        found = getProcessId(name);
-        missed = getProcessId(nobody);
-    });
+    const std::string errors = printedBy(
+        [&] {
+            found = getProcessId(name);
+            missed = getProcessId(nobody);
+        },
+        stderr);
 
     // then
-    QCOMPARE(errors, QByteArray());
+    QCOMPARE(errors, std::string());
     QCOMPARE(found, ::getpid());
     QCOMPARE(missed, -1);
 }
 
-REGISTER_TEST(ProcessCallsTest, TestSupport::NoApplication)
+QTEST_APPLESS_MAIN(ProcessCallsTest)
 #include "processcallstest.moc"
