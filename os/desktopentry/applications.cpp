@@ -25,7 +25,8 @@ std::string variable(const char* name)
     return value ? value : "";
 }
 
-/// A folder in the user's folder and in each of the system's; the first is empty if there is no home.
+/// A folder in the user's folder and in each of the system's; the first is empty if there is no
+/// home.
 std::vector<fs::path> foldersNamed(const char* name, const char* usersVariable,
                                    const char* belowHome, const char* systemVariable,
                                    const char* systemDefault)

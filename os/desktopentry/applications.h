@@ -5,12 +5,12 @@
 #include <vector>
 
 /// Where the XDG base directory specification puts desktop entries, as the environment says at this
-/// moment: sessions ask it too, unlike the program for its own folders. A relative path in it counts
-/// as none; without a HOME the user database's stands in.
+/// moment: sessions ask it too, unlike the program for its own folders. A relative path in it
+/// counts as none; without a HOME the user database's stands in.
 namespace osUtils {
 
-/// Where sessions look for programs to start, the user's folder first. That one is empty if the user
-/// has no home; none of them need exist.
+/// Where sessions look for programs to start, the user's folder first. That one is empty if the
+/// user has no home; none of them need exist.
 [[nodiscard]] std::vector<std::filesystem::path> autostartFolders();
 
 /// The desktop entry of an installed application.

@@ -122,8 +122,8 @@ bool copyStart(const DesktopEntry& application, DesktopEntry& entry)
     return true;
 }
 
-/// An entry that starts an application if the file is its desktop entry, or the file itself if it is
-/// a program, and else opens it as the desktop does. None for an application that is not there.
+/// An entry that starts an application if the file is its desktop entry, or the file itself if it
+/// is a program, and else opens it as the desktop does. None for an application that is not there.
 /// @param path  of a file that exists
 std::optional<DesktopEntry> entryFor(const std::string& path)
 {
@@ -197,7 +197,8 @@ OSStatus writeFile(const fs::path& path, const std::string& bytes)
 {
     const fs::path folder = path.parent_path();
     const fs::path begun = folder / (".korvel-" + path.filename().native() + ".new");
-    // Of a file without a name nothing stays if the process ends here. Not all file systems have it.
+    // Of a file without a name nothing stays if the process ends here. Not all file systems have
+    // it.
     FileDescriptor file(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, 0644));
     if (!file.isOpen())
         file =

@@ -12,8 +12,8 @@ namespace osUtils::Login {
 /// nobody names any at the login. Empty if the line is none.
 [[nodiscard]] std::vector<std::string> commandWords(const DesktopEntry& entry);
 
-/// The program that an entry starts, looked up on the PATH if it has no slash. A word that cannot be
-/// found stays as it is, as does a whole line that has no first word.
+/// The program that an entry starts, looked up on the PATH if it has no slash. A word that cannot
+/// be found stays as it is, as does a whole line that has no first word.
 [[nodiscard]] std::string startedProgram(const DesktopEntry& entry);
 
 /// The Exec key for a program and its arguments, whatever bytes they are of.

@@ -29,8 +29,9 @@ constexpr OSStatus fileNotFound = -43;
 
 /// One program that is started when the user logs in.
 struct LoginItem {
-    /// Of what was added: an installed application's desktop entry, a program or another file. Of an
-    /// entry that others have made, the application whose id it has, else the program that it starts.
+    /// Of what was added: an installed application's desktop entry, a program or another file. Of
+    /// an entry that others have made, the application whose id it has, else the program that it
+    /// starts.
     LoginItemUrlRef URL;
     /// A mark that is kept for the caller; sessions start every item alike.
     bool Hidden = false;
@@ -69,8 +70,8 @@ namespace osUtils::Login {
 
 }
 
-// For callers who want a plain answer. A failure is one line on standard output, without a line end,
-// that ends in the status; nothing else is printed.
+// For callers who want a plain answer. A failure is one line on standard output, without a line
+// end, that ends in the status; nothing else is printed.
 
 /// All items in their order; null after printing "Couldn't list login items error " and the status.
 [[nodiscard]] LoginItemArrayRef allLoginItems();
@@ -94,7 +95,8 @@ bool addLoginItemWithPath(const std::string& path, bool hidden);
 bool removeLoginItemAtIndex(int index);
 
 /// Position of the last item whose path contains the given one, ignoring case (see
-/// LoginItemUrl::pathContains()); -1 if there is none, also after printing that the items cannot be listed.
+/// LoginItemUrl::pathContains()); -1 if there is none, also after printing that the items cannot be
+/// listed.
 [[nodiscard]] int indexForLoginItemWithPath(const std::string& path);
 /// Removes the item that indexForLoginItemWithPath() means, and no other, even while other
 /// processes change the items.
@@ -105,16 +107,17 @@ bool removeLoginItemWithPath(const std::string& path);
 ///
 /// Only a listing makes such objects: one made by the caller is never found, whatever it says. As
 /// long as somebody holds an object, every listing of the process gives it for its item again; an
-/// item whose program has been changed since, or that was removed and added again here, has another.
+/// item whose program has been changed since, or that was removed and added again here, has
+/// another.
 [[nodiscard]] int indexForLoginItemWithURL(const LoginItemUrlRef& url);
 /// Removes that item, as removeLoginItemWithPath() does.
 bool removeLoginItemWithURL(const LoginItemUrlRef& url);
 
 /// Whether an application starts when the user logs in.
 ///
-/// An application is named by its desktop-entry id without ".desktop", as in "org.gnome.gedit", where
-/// "-" may stand for the slash of a sub-folder. Its path is that of its desktop entry, whole: items
-/// of other applications are neither found nor removed, whatever they start.
+/// An application is named by its desktop-entry id without ".desktop", as in "org.gnome.gedit",
+/// where "-" may stand for the slash of a sub-folder. Its path is that of its desktop entry, whole:
+/// items of other applications are neither found nor removed, whatever they start.
 namespace osUtils::System {
 
 /// Whether the application is among the login items, with the words of allLoginItems() on failure.

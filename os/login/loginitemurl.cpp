@@ -11,8 +11,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-/// A text without case. Bytes that are no characters stand behind one that no character has, so that
-/// they cannot be taken for a part of any.
+/// A text without case. Bytes that are no characters stand behind one that no character has, so
+/// that they cannot be taken for a part of any.
 std::string folded(const std::string& text)
 {
     constexpr char mark = '\xff';

@@ -69,9 +69,9 @@ void getPidInfos(pidInfos* info);
 /// value.
 [[nodiscard]] int is_executable_alive(const std::string& name);
 
-/// Calls `kill(3, pid)`, then `kill(0, pid)`, and tells whether the second succeeded. Beware: as for
-/// is_executable_alive(int), a small positive number is sent as a signal, first to process 3, then
-/// to the caller's own process group.
+/// Calls `kill(3, pid)`, then `kill(0, pid)`, and tells whether the second succeeded. Beware: as
+/// for is_executable_alive(int), a small positive number is sent as a signal, first to process 3,
+/// then to the caller's own process group.
 bool closeProcess(int pid);
 
 /// closeProcess() with the id that getProcessId() finds, also if that is -1. Beware as above: the

@@ -36,7 +36,8 @@ namespace {
 constexpr uint32_t longest = 0x10000;
 
 using namespace std::chrono_literals;
-// Long enough for a distant server (a handful of round trips), short enough for a window that waits.
+// Long enough for a distant server (a handful of round trips), short enough for a window that
+// waits.
 constexpr auto longestWait = 3s;
 
 std::string hostName()
@@ -125,7 +126,8 @@ public:
             const auto reply = Process::replyTo(xcb_intern_atom_reply, connection, cookie);
             atoms[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
         }
-        // A server that is far away, or in a process namespace of its own, knows us by another number.
+        // A server that is far away, or in a process namespace of its own, knows us by another
+        // number.
         const xcb_query_extension_reply_t* resources =
             xcb_get_extension_data(connection, &xcb_res_id);
         if (resources && resources->present)
@@ -254,8 +256,8 @@ private:
 
     [[nodiscard]] xcb_window_t managerWindow() const
     {
-        // It announces itself by a window of its own that names itself. A window manager that has ended
-        // leaves its properties behind.
+        // It announces itself by a window of its own that names itself. A window manager that has
+        // ended leaves its properties behind.
         constexpr auto property = "_NET_SUPPORTING_WM_CHECK";
         const std::vector<uint32_t> check = numbersOf(root, property);
         const bool runs = !check.empty() && numbersOf(check.front(), property) == check;
@@ -284,8 +286,8 @@ xcb_window_t rootWindow(xcb_connection_t* connection, int screen)
     return screens.data->root;
 }
 
-/// Leaves the process's signals to its other threads, and keeps a connection that breaks while it is
-/// written to from ending the process.
+/// Leaves the process's signals to its other threads, and keeps a connection that breaks while it
+/// is written to from ending the process.
 void blockSignals()
 {
     sigset_t all;
@@ -293,8 +295,8 @@ void blockSignals()
     pthread_sigmask(SIG_BLOCK, &all, nullptr);
 }
 
-/// Does what may never end on a thread of its own, and gives it up after a time. Until that has ended
-/// nothing else is begun, so that neither time nor threads are lost.
+/// Does what may never end on a thread of its own, and gives it up after a time. Until that has
+/// ended nothing else is begun, so that neither time nor threads are lost.
 /// @return  whether it is done
 bool isDoneInTime(const std::function<void()>& work)
 {

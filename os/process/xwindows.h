@@ -5,8 +5,8 @@
 
 /// What an X server knows of other programs and their windows; nothing where there is no server.
 ///
-/// The server knows the process at the other end of each connection. Where it does not, or where its
-/// numbers are not those of here, what windows tell of themselves has to do.
+/// The server knows the process at the other end of each connection. Where it does not, or where
+/// its numbers are not those of here, what windows tell of themselves has to do.
 namespace osUtils::Process {
 
 /// The names that a window bears; each may be empty.
@@ -22,8 +22,8 @@ struct WindowIdentity {
 /// The process of the window that the user works with.
 [[nodiscard]] std::optional<int> frontmostProcess();
 
-/// The names that the first window of the process bears, of those that the window manager lists; none
-/// if it has no such window.
+/// The names that the first window of the process bears, of those that the window manager lists;
+/// none if it has no such window.
 [[nodiscard]] std::optional<WindowIdentity> listedWindow(int process);
 
 }
