@@ -1,8 +1,8 @@
 #include "os/login/loginitems.h"
 
 #include "os/desktopentry/applications.h"
-#include "windowsystem/filedescriptor.h"
 #include "os/login/commandline.h"
+#include "windowsystem/filedescriptor.h"
 
 #include <fcntl.h>
 #include <unistd.h>

@@ -33,7 +33,7 @@ std::vector<ApplicationEntry> installedApplications()
     return applications;
 }
 
-const ApplicationEntry* entryOf(const WindowIdentity& window,
+const ApplicationEntry* entryOf(const Windowing::WindowIdentity& window,
                                 const std::vector<ApplicationEntry>& entries)
 {
     using Matches = bool (*)(const ApplicationEntry&, std::string_view);

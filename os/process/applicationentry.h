@@ -1,6 +1,6 @@
 #pragma once
 
-#include "os/process/xwindows.h"
+#include "windowsystem/clients.h"
 
 #include <string>
 #include <vector>
@@ -23,7 +23,7 @@ struct ApplicationEntry {
 
 /// The entry that the window names or else matches; null if there is none.
 /// @param entries  those to be preferred first
-[[nodiscard]] const ApplicationEntry* entryOf(const WindowIdentity& window,
+[[nodiscard]] const ApplicationEntry* entryOf(const Windowing::WindowIdentity& window,
                                               const std::vector<ApplicationEntry>& entries);
 
 }

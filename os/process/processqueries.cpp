@@ -1,7 +1,7 @@
 #include "os/process/processqueries.h"
 
 #include "os/process/applicationentry.h"
-#include "os/process/xwindows.h"
+#include "windowsystem/clients.h"
 
 #include <glib.h>
 
@@ -75,7 +75,7 @@ std::string executablePath(int pid)
 }
 
 /// What the user knows the window's program by; empty if neither entry nor window tells.
-std::string displayName(const WindowIdentity& window, const ApplicationEntry* entry)
+std::string displayName(const Windowing::WindowIdentity& window, const ApplicationEntry* entry)
 {
     if (entry)
         return entry->name.empty() ? entry->id : entry->name;
@@ -89,7 +89,7 @@ void getPidInfos(pidInfos* info)
     info->path.clear();
     info->name = get_application_basename(info->pid);
 
-    const std::optional<WindowIdentity> window = listedWindow(info->pid);
+    const std::optional<Windowing::WindowIdentity> window = Windowing::listedWindow(info->pid);
     if (!window)
         return;
     const std::vector<ApplicationEntry> applications = installedApplications();
@@ -119,7 +119,7 @@ int getProcessId(std::string name)
 
 int getCurrentFocusProcess()
 {
-    return frontmostProcess().value_or(notFound);
+    return Windowing::frontmostProcess().value_or(notFound);
 }
 
 std::string get_application_basename(int pid)

@@ -6,7 +6,9 @@ namespace Windowing::X11 {
 
 xcb_connection_t* connection()
 {
-    const auto* x11 = qGuiApp->nativeInterface<QNativeInterface::QX11Application>();
+    const auto* application = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
+    const auto* x11 =
+        application ? application->nativeInterface<QNativeInterface::QX11Application>() : nullptr;
     return x11 ? x11->connection() : nullptr;
 }
 

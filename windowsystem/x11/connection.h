@@ -11,7 +11,7 @@
 /// What all that speaks to the X server has in common.
 namespace Windowing::X11 {
 
-/// Qt's own connection; null where Qt does not run on an X server.
+/// Qt's own connection; null where Qt does not run on an X server, or not at all.
 [[nodiscard]] xcb_connection_t* connection();
 
 /// The root window of a server's first screen.

@@ -3,6 +3,7 @@
 #include "os/desktopentry/applications.h"
 #include "os/login/loginitems.h"
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -355,5 +356,5 @@ void DesktopEntryTest::foldersThatHoldThemselvesEnd()
     QVERIFY(applicationPath(files, "x-a").ends_with("/x/a.desktop"));
 }
 
-QTEST_APPLESS_MAIN(DesktopEntryTest)
+REGISTER_TEST(DesktopEntryTest, TestSupport::NoApplication)
 #include "desktopentrytest.moc"

@@ -1,5 +1,6 @@
 #include "os/login/loginitems.h"
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QDir>
 #include <QFileInfo>
@@ -278,5 +279,5 @@ void LoginItemStartersTest::anItemThatAnotherProgramEditsKeepsItsPlace()
     QVERIFY(allLoginItems()->at(0).Hidden);
 }
 
-QTEST_GUILESS_MAIN(LoginItemStartersTest)
+REGISTER_TEST(LoginItemStartersTest, QCoreApplication)
 #include "loginitemstarterstest.moc"

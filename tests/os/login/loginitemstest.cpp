@@ -1,6 +1,7 @@
 #include "os/login/loginitems.h"
 
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QRegularExpression>
 #include <QTest>
@@ -626,5 +627,5 @@ void LoginItemsTest::whatOthersAddToOurEntriesSurvives()
     QCOMPARE(listedPaths(), (Paths{"/bin/true", "/bin/sh"}));
 }
 
-QTEST_APPLESS_MAIN(LoginItemsTest)
+REGISTER_TEST(LoginItemsTest, TestSupport::NoApplication)
 #include "loginitemstest.moc"

@@ -1,6 +1,7 @@
 #include "os/login/loginitems.h"
 
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QProcess>
 #include <QRegularExpression>
@@ -358,5 +359,5 @@ void StartWithOsTest::failuresAreReported()
     QCOMPARE(switched, asked + "Couldn't add login item error 20");
 }
 
-QTEST_GUILESS_MAIN(StartWithOsTest)
+REGISTER_TEST(StartWithOsTest, QCoreApplication)
 #include "startwithostest.moc"

@@ -7,7 +7,7 @@
 
 using namespace osUtils::Process;
 
-Q_DECLARE_METATYPE(WindowIdentity)
+Q_DECLARE_METATYPE(Windowing::WindowIdentity)
 
 /// Which desktop entry belongs to a window.
 class ApplicationEntryTest : public QObject {
@@ -33,10 +33,10 @@ private:
 
 void ApplicationEntryTest::aWindowBelongsToAnEntry_data()
 {
-    QTest::addColumn<WindowIdentity>("window");
+    QTest::addColumn<Windowing::WindowIdentity>("window");
     QTest::addColumn<QString>("id"); // empty for none
 
-    const auto row = [](const char* tag, const WindowIdentity& window, const char* id) {
+    const auto row = [](const char* tag, const Windowing::WindowIdentity& window, const char* id) {
         QTest::newRow(tag) << window << QString(id);
     };
     row("named for KDE", {"org.example.Editor", "", "", ""}, "org.example.Editor");
@@ -67,7 +67,7 @@ void ApplicationEntryTest::aWindowBelongsToAnEntry_data()
 void ApplicationEntryTest::aWindowBelongsToAnEntry()
 {
     // given
-    QFETCH(WindowIdentity, window);
+    QFETCH(Windowing::WindowIdentity, window);
 
     // when
     const ApplicationEntry* entry = entryOf(window, entries);

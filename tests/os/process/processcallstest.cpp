@@ -1,6 +1,7 @@
 #include "os/process/processqueries.h"
 
 #include "tests/os/desktopentry/session.h"
+#include "tests/support/testprogram.h"
 
 #include <QList>
 #include <QRegularExpression>
@@ -215,5 +216,5 @@ void ProcessCallsTest::withMemoryNothingIsWritten()
     QCOMPARE(missed, -1);
 }
 
-QTEST_APPLESS_MAIN(ProcessCallsTest)
+REGISTER_TEST(ProcessCallsTest, TestSupport::NoApplication)
 #include "processcallstest.moc"

@@ -1,10 +1,6 @@
-#include "os/process/xwindows.h"
+#include "windowsystem/clients.h"
 
-#include "os/x11/connection.h"
-#include "os/x11/ownconnection.h"
-#include "os/x11/replypointer.h"
-
-#include <QGuiApplication>
+#include "windowsystem/x11/connection.h"
 
 #include <unistd.h>
 #include <xcb/res.h>
@@ -26,7 +22,7 @@
 #include <type_traits>
 #include <vector>
 
-namespace osUtils::Process {
+namespace Windowing {
 
 using X11::ReplyPointer;
 
@@ -270,13 +266,6 @@ private:
     bool serverKnowsProcesses = false;
 };
 
-/// Qt's connection; null if Qt runs elsewhere or not at all.
-xcb_connection_t* connectionOfQt()
-{
-    const bool hasWindows = qobject_cast<QGuiApplication*>(QCoreApplication::instance());
-    return hasWindows ? X11::connection() : nullptr;
-}
-
 /// The root window of a screen.
 xcb_window_t rootWindow(xcb_connection_t* connection, int screen)
 {
@@ -327,7 +316,7 @@ bool isDoneInTime(const std::function<void()>& work)
 template <typename Question> auto ask(Question question)
 {
     using Answer = std::invoke_result_t<Question, const XWindows&>;
-    if (xcb_connection_t* connection = connectionOfQt())
+    if (xcb_connection_t* connection = X11::connection())
         return question(XWindows(connection, X11::rootWindow(connection)));
 
     const char* variable = std::getenv("DISPLAY");

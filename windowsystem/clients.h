@@ -3,11 +3,12 @@
 #include <optional>
 #include <string>
 
-/// What an X server knows of other programs and their windows; nothing where there is no server.
+/// What the window system knows of other programs and their windows; nothing where there is no X server. They need no
+/// application object.
 ///
 /// The server knows the process at the other end of each connection. Where it does not, or where
 /// its numbers are not those of here, what windows tell of themselves has to do.
-namespace osUtils::Process {
+namespace Windowing {
 
 /// The names that a window bears; each may be empty.
 struct WindowIdentity {
