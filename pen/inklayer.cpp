@@ -1,8 +1,6 @@
 #include "pen/inklayer.h"
 
 #include "overlay/layerpixmap.h"
-#include "pen/primitives.h"
-#include "pen/strokegeometry.h"
 
 #include <QPainter>
 
@@ -10,16 +8,14 @@ namespace VcAction::Frame {
 
 InkLayer::InkLayer(QSize size, qreal devicePixelRatio)
     : ink(Helpers::NQt::layerPixmap(size, devicePixelRatio, Qt::transparent))
-    , stroke(Helpers::NQt::layerPixmap(size, devicePixelRatio, Qt::transparent))
-    , style(Freehand)
-    , liveStyle(Freehand)
+    , strokeLayer(Helpers::NQt::layerPixmap(size, devicePixelRatio, Qt::transparent))
     , pen(Qt::black, 1, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin)
 {
 }
 
-void InkLayer::setStyle(int wanted)
+void InkLayer::setStyle(int penStyle)
 {
-    style = wanted;
+    style = penStyle;
 }
 
 void InkLayer::setColor(const QColor& color)
@@ -30,6 +26,7 @@ void InkLayer::setColor(const QColor& color)
 void InkLayer::setWidth(int width)
 {
     pen.setWidth(width);
+    stroke.width = pen.width();
 }
 
 void InkLayer::setTransparency(bool transparent)
@@ -41,37 +38,36 @@ QRegion InkLayer::begin(QPointF point)
 {
     // The release of an earlier press was lost: what it drew stays.
     const QRegion earlier = end();
-    drawing = true;
-    liveStyle = style;
-    start = previous = current = point;
+    stroke.style = style;
+    stroke.begin(point);
     strokeBox = QRect();
     extendStroke();
-    return earlier + liveBox();
+    return earlier + stroke.liveBox();
 }
 
 QRegion InkLayer::moveTo(QPointF point)
 {
-    if (!drawing)
+    if (!stroke.drawing)
         return {};
-    const QRegion before = liveBox();
-    previous = current;
-    current = point;
+    const QRegion before = stroke.liveBox();
+    stroke.moveTo(point);
     extendStroke();
-    return before + liveBox();
+    return before + stroke.liveBox();
 }
 
 QRegion InkLayer::end()
 {
-    if (!drawing)
+    if (!stroke.drawing)
         return {};
-    drawing = false;
     QPainter painter(&ink);
     painter.setRenderHint(QPainter::Antialiasing);
     paintLive(painter);
     painter.end();
-    if (liveStyle != Freehand)
-        return liveBox();
-    painter.begin(&stroke);
+    const QRect shape = stroke.liveBox();
+    stroke.drawing = false;
+    if (!stroke.isFreehand())
+        return shape;
+    painter.begin(&strokeLayer);
     painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.fillRect(strokeBox, Qt::transparent);
     return strokeBox;
@@ -80,45 +76,34 @@ QRegion InkLayer::end()
 void InkLayer::paint(QPainter& painter) const
 {
     painter.drawPixmap(0, 0, ink);
-    if (drawing)
+    if (stroke.drawing)
         paintLive(painter);
-}
-
-QRect InkLayer::liveBox() const
-{
-    if (liveStyle == Freehand)
-        return touchedBox(previous, current, pen.width());
-    // At a fractional device pixel ratio a pixel more is repainted than is drawn.
-    return shapeBox(start.toPoint(), current.toPoint()).adjusted(-2, -2, 2, 2);
 }
 
 void InkLayer::extendStroke()
 {
-    if (liveStyle != Freehand)
+    if (!stroke.isFreehand())
         return;
-    strokeBox |= liveBox();
-    QPainter painter(&stroke);
+    strokeBox |= stroke.liveBox();
+    QPainter painter(&strokeLayer);
     painter.setRenderHint(QPainter::Antialiasing);
-    // Replaces what is there instead of blending with it: a stroke is of one opacity throughout.
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
     painter.setOpacity(opacity);
-    painter.setPen(pen);
-    paintSegment(painter, previous, current);
+    paintSegment(painter, stroke, pen);
 }
 
 void InkLayer::paintLive(QPainter& painter) const
 {
     painter.save();
-    if (liveStyle == Freehand) {
+    if (stroke.isFreehand()) {
         painter.setClipRect(strokeBox);
-        painter.drawPixmap(0, 0, stroke);
+        painter.drawPixmap(0, 0, strokeLayer);
     } else {
         painter.setOpacity(opacity);
         // On an opaque picture the pen's SourceIn puts a round rectangle in the place of what is
         // below. Where the layer is transparent that would paint nothing; this has its effect.
-        if (liveStyle == RoundRect)
+        if (stroke.style == RoundRect)
             painter.setCompositionMode(QPainter::CompositionMode_Source);
-        paintShape(painter, liveStyle, pen.color(), start.toPoint(), current.toPoint());
+        paintShape(painter, stroke, pen.color());
     }
     painter.restore();
 }

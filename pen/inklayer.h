@@ -1,5 +1,7 @@
 #pragma once
 
+#include "pen/stroke.h"
+
 #include <QPen>
 #include <QPixmap>
 #include <QRegion>
@@ -35,22 +37,19 @@ public:
     void paint(QPainter& painter) const;
 
 private:
-    [[nodiscard]] QRect liveBox() const;
     void extendStroke();
     void paintLive(QPainter& painter) const;
 
     QPixmap ink;
     /// The freehand stroke under way, so that it blends once however often it crosses itself.
-    QPixmap stroke;
+    QPixmap strokeLayer;
+    /// What of the layer has been painted on since the press.
     QRect strokeBox;
-    int style;
-    int liveStyle;
+    Stroke stroke;
+    /// Of the next stroke.
+    int style = Freehand;
     QPen pen;
     double opacity = 1;
-    bool drawing = false;
-    QPointF start;
-    QPointF previous;
-    QPointF current;
 };
 
 }

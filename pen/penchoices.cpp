@@ -4,8 +4,8 @@
 #include "action/widget/vccolorcombobox.h"
 #include "overlay/layerpixmap.h"
 #include "pen/pentoolbar.h"
-#include "pen/primitives.h"
 #include "pen/sizeicon.h"
+#include "pen/stroke.h"
 
 #include <QPainter>
 

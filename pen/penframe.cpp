@@ -4,8 +4,6 @@
 #include "overlay/layerpixmap.h"
 #include "pen/pencursor.h"
 #include "pen/pentoolbar.h"
-#include "pen/primitives.h"
-#include "pen/strokegeometry.h"
 
 #include <QApplication>
 #include <QMouseEvent>
@@ -30,10 +28,9 @@ double opacityFor(bool transparent)
 
 PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, bool transparent)
     : ActionFrame(parent, ScreenshotEngine, 0, 0)
-    , style(penStyle)
+    , stroke{penStyle, size}
     , blankLayer(layerPixmap(this->size(), devicePixelRatioF(), almostTransparent))
     , strokeLayer(layerPixmap(this->size(), devicePixelRatioF(), Qt::transparent))
-    , penSize(size)
     , color(penColor)
     , opacity(opacityFor(transparent))
     , pointerMul(pointerMulImage(devicePixelRatioF()))
@@ -41,7 +38,7 @@ PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, boo
 {
     trackDirtyRegion();
     paintOnly(&PenFrame::liveRegion);
-    startPoint = previousPoint = currentPoint = mapFromGlobal(QCursor::pos());
+    stroke.startPoint = stroke.previousPoint = stroke.currentPoint = mapFromGlobal(QCursor::pos());
     setDrawBack(true);
     setPen(penColor);
     fetchBackground();
@@ -49,106 +46,91 @@ PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, boo
 
 void PenFrame::setPen(QColor penColor)
 {
-    finishPen();
     color = penColor;
     makePen();
     colorizeCursor();
     updateCursor();
-    markDirty(liveBox());
+    markDirty(stroke.liveBox());
     repaintDirty();
 }
 
 void PenFrame::setPenSize(int size)
 {
-    markDirty(liveBox());
-    finishPen();
-    penSize = size;
+    markDirty(stroke.liveBox());
+    stroke.width = size;
     makePen();
-    markDirty(liveBox());
+    markDirty(stroke.liveBox());
     repaintDirty();
 }
 
 void PenFrame::setStyle(int penStyle)
 {
     // The next repaint takes away what the old style has on the screen.
-    markDirty(liveBox());
-    finishPen();
-    if (drawing && isFreehand() && penStyle != Freehand) {
+    markDirty(stroke.liveBox());
+    if (stroke.drawing && stroke.isFreehand() && penStyle != Freehand) {
         markDirty(strokeRect);
         clearStrokeLayer();
     }
-    style = penStyle;
-    // A stroke begins with the newest move of the shape that it takes the place of.
-    if (drawing)
-        markDirty(liveBox());
+    stroke.style = penStyle;
+    if (stroke.drawing) {
+        // A stroke begins with the newest move of the shape that it takes the place of.
+        if (isSegmentPending)
+            extendStroke();
+        markDirty(stroke.liveBox());
+    }
     setDrawBack(true);
 }
 
 void PenFrame::setTransparency(bool transparent)
 {
-    finishPen();
     opacity = opacityFor(transparent);
-}
-
-void PenFrame::finishPen()
-{
-    if (drawing && isFreehand())
-        extendStroke();
 }
 
 void PenFrame::makePen()
 {
-    pen = QPen(QBrush(color, Qt::SolidPattern), static_cast<qreal>(penSize), Qt::SolidLine,
+    pen = QPen(QBrush(color, Qt::SolidPattern), static_cast<qreal>(stroke.width), Qt::SolidLine,
                Qt::RoundCap, Qt::RoundJoin);
     // The newest segment is painted again, over what the older pen has left.
-    if (drawing)
-        addSegment();
-}
-
-bool PenFrame::isFreehand() const
-{
-    return style == Freehand;
+    if (stroke.drawing)
+        extendStroke();
 }
 
 void PenFrame::mousePressEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
-        markDirty(liveBox());
+        markDirty(stroke.liveBox());
         // The release of an earlier press was lost: what it drew stays.
-        if (drawing)
+        if (stroke.drawing)
             drawNewPolygon();
-        drawing = true;
-        currentPoint = previousPoint = startPoint = exactPosition(*event);
+        stroke.begin(exactPosition(*event));
         strokeRect = QRect();
-        pendingSegments.clear();
-        addSegment();
-        markDirty(liveBox());
+        extendStroke();
+        markDirty(stroke.liveBox());
     }
     ActionFrame::mousePressEvent(event);
 }
 
 void PenFrame::mouseMoveEvent(QMouseEvent* event)
 {
-    if (!drawing || !isFreehand())
-        markDirty(liveBox());
-    previousPoint = currentPoint;
-    currentPoint = exactPosition(*event);
-    if (drawing)
-        addSegment();
-    markDirty(liveBox());
+    if (!stroke.drawing || !stroke.isFreehand())
+        markDirty(stroke.liveBox());
+    stroke.moveTo(exactPosition(*event));
+    if (stroke.drawing)
+        extendStroke();
+    markDirty(stroke.liveBox());
     repaintMove(*event);
 }
 
 void PenFrame::mouseReleaseEvent(QMouseEvent* event)
 {
     if (event->button() == Qt::LeftButton) {
-        markDirty(liveBox());
-        if (isFreehand() && !getDrawBack()) {
+        markDirty(stroke.liveBox());
+        if (stroke.isFreehand() && !getDrawBack()) {
             setDrawBack(true);
             markDirty(rect());
         }
         // Without its press there is nothing to commit: that went to a list which it has closed.
-        if (std::exchange(drawing, false))
+        if (std::exchange(stroke.drawing, false))
             drawNewPolygon();
     }
     repaintDirty();
@@ -167,72 +149,48 @@ void PenFrame::wheelEvent(QWheelEvent* event)
     event->accept();
 }
 
-QRect PenFrame::liveBox() const
-{
-    if (isFreehand())
-        return touchedBox(drawing ? previousPoint : currentPoint, currentPoint, penSize);
-    if (!drawing)
-        return QRect();
-    // As for the pen's tip: at a fractional ratio a pixel more is repainted than is drawn.
-    return shapeBox(startPoint.toPoint(), currentPoint.toPoint()).adjusted(-2, -2, 2, 2);
-}
-
 QRegion PenFrame::liveRegion() const
 {
     // While a stroke lies bare the picture is part of what is drawn.
     if (!getDrawBack())
         return rect();
-    return drawing && isFreehand() ? QRegion(liveBox()) + strokeRect : QRegion(liveBox());
-}
-
-void PenFrame::computeRect()
-{
-    if (!isFreehand()) {
-        drawRect = shapeBox(startPoint.toPoint(), currentPoint.toPoint());
-        return;
-    }
-    // The pen's tip is where the last event saw the pointer: asking for it anew would cost a round
-    // trip to the window system for each paint and could only be ahead of the ink.
-    drawRect = segmentBox(previousPoint, currentPoint, penSize);
-    strokeRect |= drawRect;
-}
-
-void PenFrame::draw(QPaintDevice* device)
-{
-    computeRect();
-    if (drawing && isFreehand()) {
-        extendStroke();
-        showStroke(device);
-    } else if (drawing) {
-        showPrimitive(device);
-    } else if (isFreehand()) {
-        showPenTip(device);
-    }
-}
-
-void PenFrame::addSegment()
-{
-    // Of a shape's moves only the newest counts, should it go on as a stroke.
-    if (!isFreehand())
-        pendingSegments.clear();
-    pendingSegments.append(QLineF(previousPoint, currentPoint));
+    const QRegion live(stroke.liveBox());
+    return stroke.drawing && stroke.isFreehand() ? live + strokeRect : live;
 }
 
 void PenFrame::extendStroke()
 {
     // Once for each segment: painted again, its antialiased edge would grow harder with every paint.
-    if (pendingSegments.isEmpty())
+    isSegmentPending = !stroke.isFreehand();
+    if (isSegmentPending)
         return;
+    const QRect box = stroke.drawRect();
+    strokeRect |= box;
     QPainter painter(&strokeLayer);
     painter.setOpacity(opacity);
     painter.setRenderHint(QPainter::Antialiasing);
-    for (const QLineF& segment : std::as_const(pendingSegments)) {
-        const QRect box = segmentBox(segment.p1(), segment.p2(), penSize);
-        strokeRect |= box;
-        painter.setClipRect(box);
-        drawSegment(painter, segment);
+    painter.setClipRect(box);
+    paintSegment(painter, stroke, pen);
+}
+
+void PenFrame::draw(QPaintDevice* device)
+{
+    if (stroke.drawing && stroke.isFreehand()) {
+        showStroke(device);
+        return;
     }
-    pendingSegments.clear();
+    if (!stroke.drawing && !stroke.isFreehand())
+        return;
+    // The pen's tip is where the last event saw the pointer: asking for it anew would cost a round
+    // trip to the window system for each paint and could only be ahead of the ink.
+    QPainter painter(device);
+    painter.setClipRect(stroke.drawRect());
+    painter.setOpacity(opacity);
+    painter.setPen(pen);
+    if (stroke.drawing)
+        draw(&painter);
+    else
+        painter.drawPoint(stroke.currentPoint);
 }
 
 void PenFrame::showStroke(QPaintDevice* device)
@@ -244,51 +202,25 @@ void PenFrame::showStroke(QPaintDevice* device)
     painter.drawPixmap(0, 0, strokeLayer);
 }
 
-void PenFrame::showPrimitive(QPaintDevice* device)
+void PenFrame::draw(QPainter* painter) const
 {
-    QPainter painter(device);
-    painter.setClipRect(drawRect);
-    painter.setOpacity(opacity);
-    painter.setPen(pen);
-    draw(&painter);
-}
-
-void PenFrame::showPenTip(QPaintDevice* device)
-{
-    QPainter painter(device);
-    painter.setClipRect(drawRect);
-    painter.setOpacity(opacity);
-    painter.setPen(pen);
-    painter.drawPoint(currentPoint);
-}
-
-void PenFrame::draw(QPainter* painter)
-{
-    switch (style) {
+    switch (stroke.style) {
     case RoundRect:
         painter->setCompositionMode(QPainter::CompositionMode_SourceIn);
         [[fallthrough]];
     case Ellipse:
     case Rectangle:
-        paintShape(*painter, style, color, startPoint.toPoint(), currentPoint.toPoint());
+        paintShape(*painter, stroke, color);
         break;
     default:
-        drawSegment(*painter, QLineF(previousPoint, currentPoint));
+        paintSegment(*painter, stroke, pen);
         break;
     }
 }
 
-void PenFrame::drawSegment(QPainter& painter, const QLineF& segment) const
-{
-    // Replaces what is there instead of blending with it: a stroke is of one opacity throughout.
-    painter.setCompositionMode(QPainter::CompositionMode_Source);
-    painter.setPen(pen);
-    paintSegment(painter, segment.p1(), segment.p2());
-}
-
 void PenFrame::drawNewPolygon()
 {
-    if (isFreehand())
+    if (stroke.isFreehand())
         commitStroke();
     else
         commitShape();
@@ -296,7 +228,6 @@ void PenFrame::drawNewPolygon()
 
 void PenFrame::commitStroke()
 {
-    extendStroke();
     if (!background()->isNull()) {
         QPainter painter(paintDevice());
         painter.setClipRect(strokeRect);
@@ -317,10 +248,9 @@ void PenFrame::commitShape()
 {
     if (background()->isNull())
         return;
-    computeRect();
     QPainter painter(paintDevice());
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setClipRect(drawRect);
+    painter.setClipRect(stroke.drawRect());
     painter.setPen(pen);
     painter.setOpacity(opacity);
     draw(&painter);

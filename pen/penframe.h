@@ -1,11 +1,10 @@
 #pragma once
 
 #include "action/frame/actionframe.h"
+#include "pen/stroke.h"
 
 #include <QColor>
 #include <QCursor>
-#include <QLineF>
-#include <QList>
 #include <QPen>
 #include <QPixmap>
 
@@ -28,10 +27,10 @@ public:
     /// Opacity of later strokes: half or full.
     void setTransparency(bool transparent);
 
-    [[nodiscard]] int penStyle() const { return style; }
+    [[nodiscard]] int penStyle() const { return stroke.style; }
     [[nodiscard]] QColor penColor() const { return color; }
     /// In logical pixels.
-    [[nodiscard]] int penWidth() const { return penSize; }
+    [[nodiscard]] int penWidth() const { return stroke.width; }
     /// From 0 to 1.
     [[nodiscard]] double penOpacity() const { return opacity; }
 
@@ -50,42 +49,28 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 
 private:
-    [[nodiscard]] bool isFreehand() const;
-    [[nodiscard]] QRect liveBox() const;
     [[nodiscard]] QRegion liveRegion() const;
-    void finishPen();
     void makePen();
-    void computeRect();
-    void draw(QPainter* painter);
-    void addSegment();
     void extendStroke();
-    void drawSegment(QPainter& painter, const QLineF& segment) const;
+    void draw(QPainter* painter) const;
     void showStroke(QPaintDevice* device);
-    void showPrimitive(QPaintDevice* device);
-    void showPenTip(QPaintDevice* device);
     void drawNewPolygon();
     void commitStroke();
     void clearStrokeLayer();
     void commitShape();
     void colorizeCursor();
 
-    int style;
+    Stroke stroke;
     /// Kept for derived tools; neither drawn nor read here.
     QPixmap blankLayer;
     QPixmap strokeLayer;
-    int penSize;
+    /// What of the layer has been painted on since the last press.
+    QRect strokeRect;
+    /// Whether the newest segment is not in the layer, since a shape was being dragged out.
+    bool isSegmentPending = false;
     QColor color;
     QPen pen;
-    bool drawing = false;
     double opacity;
-    /// Points with fractions: on a dense screen the pointer moves by less than a logical pixel.
-    QPointF startPoint;
-    QPointF currentPoint;
-    QPointF previousPoint;
-    /// The area that the present paint's live part is clipped to.
-    QRect drawRect;
-    /// All drawRects since the last press.
-    QRect strokeRect;
     QPixmap cursorPixmap;
     QPixmap pointerMul;
     QPixmap pointerTop;
@@ -93,8 +78,6 @@ private:
 
     /// In the pen's colour: one object, however often it is pushed.
     QCursor coloredCursor;
-    /// What of the stroke is not in the layer yet, or is there with an older pen, oldest first.
-    QList<QLineF> pendingSegments;
 };
 
 }

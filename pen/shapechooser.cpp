@@ -4,7 +4,7 @@
 #include "overlay/sharpimage.h"
 #include "pen/penchoices.h"
 #include "pen/pentoolbar.h"
-#include "pen/primitives.h"
+#include "pen/stroke.h"
 
 #include <QButtonGroup>
 #include <QGroupBox>

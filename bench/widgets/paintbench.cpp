@@ -63,6 +63,7 @@ void PaintBench::aMoveInAStroke()
     QBENCHMARK
     {
         canvas.moveTo(path.next());
+        Canvas::endTurn();
     }
 
     QCOMPARE(canvas.onScreen(int(first.x()), int(first.y())), QColor(Qt::red));
@@ -77,6 +78,7 @@ void PaintBench::aMoveWithoutAButton()
     QBENCHMARK
     {
         canvas.hoverTo(path.next());
+        Canvas::endTurn();
     }
 
     QVERIFY(canvas.inkInPicture().isEmpty());

@@ -1,6 +1,6 @@
 #include "pen/inklayer.h"
 
-#include "pen/primitives.h"
+#include "pen/stroke.h"
 #include "tests/support/pixels.h"
 #include "tests/support/testprogram.h"
 

@@ -51,6 +51,7 @@ private slots:
     void aMoveIsPaintedAtOnce();
     void aQueueOfMovesIsPaintedTogether();
     void aReleasePaintsTheMovesBeforeIt();
+    void whatIsDrawnIsKnownBeforeItIsPainted();
 };
 
 void RepaintRegionsTest::aMoveRepaintsTheOldAndTheNewTip()
@@ -310,6 +311,27 @@ void RepaintRegionsTest::aReleasePaintsTheMovesBeforeIt()
     QCOMPARE(recorder.paints, 2);
     QVERIFY(covers(recorder.region, QRect(45, 45, 160, 10)));
     QVERIFY(covers(recorder.region, QRect(195, 45, 10, 160)));
+}
+
+void RepaintRegionsTest::whatIsDrawnIsKnownBeforeItIsPainted()
+{
+    // Given
+    Canvas canvas(10);
+    QVERIFY(canvas.show());
+    canvas.press({50, 50});
+    canvas.endTurn();
+    const PaintRecorder recorder(canvas.frame);
+
+    // When
+    for (const QPointF point :
+         {QPointF(60, 50), QPointF(200, 50), QPointF(200, 200), QPointF(210, 200)})
+        canvas.moveTo(point);
+
+    // Then
+    QCOMPARE(recorder.paints, 1);
+    const QRegion drawn = canvas.frame.drawnRegion();
+    QVERIFY(covers(drawn, QRect(45, 45, 160, 10)));
+    QVERIFY(covers(drawn, QRect(195, 45, 10, 160)));
 }
 
 REGISTER_TEST(RepaintRegionsTest, QApplication)

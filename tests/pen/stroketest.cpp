@@ -1,4 +1,4 @@
-#include "pen/strokegeometry.h"
+#include "pen/stroke.h"
 
 #include "tests/support/testprogram.h"
 
@@ -10,7 +10,7 @@
 
 using namespace VcAction::Frame;
 
-class StrokeGeometryTest : public QObject {
+class StrokeTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -25,9 +25,13 @@ private slots:
     void noPenWidthIsTooMuch();
     void aShapesBoxSpansBothPoints_data();
     void aShapesBoxSpansBothPoints();
+    void betweenStrokesOnlyTheTipsPlaceIsLive();
+    void aPressIsADot();
+    void aMoveAddsASegmentToAStroke();
+    void aMoveDragsAShapeOut();
 };
 
-void StrokeGeometryTest::aSegmentsBoxReachesAPenWidthBeyondBothPoints_data()
+void StrokeTest::aSegmentsBoxReachesAPenWidthBeyondBothPoints_data()
 {
     QTest::addColumn<QPointF>("from");
     QTest::addColumn<QPointF>("to");
@@ -45,7 +49,7 @@ void StrokeGeometryTest::aSegmentsBoxReachesAPenWidthBeyondBothPoints_data()
     QTest::newRow("no width, no length") << QPointF(10, 20) << QPointF(10, 20) << 0 << QRect();
 }
 
-void StrokeGeometryTest::aSegmentsBoxReachesAPenWidthBeyondBothPoints()
+void StrokeTest::aSegmentsBoxReachesAPenWidthBeyondBothPoints()
 {
     QFETCH(QPointF, from);
     QFETCH(QPointF, to);
@@ -60,7 +64,7 @@ void StrokeGeometryTest::aSegmentsBoxReachesAPenWidthBeyondBothPoints()
         QCOMPARE(result, box);
 }
 
-void StrokeGeometryTest::theTouchedBoxHoldsThePensEdge_data()
+void StrokeTest::theTouchedBoxHoldsThePensEdge_data()
 {
     QTest::addColumn<int>("width");
 
@@ -68,7 +72,7 @@ void StrokeGeometryTest::theTouchedBoxHoldsThePensEdge_data()
         QTest::addRow("width %d", width) << width;
 }
 
-void StrokeGeometryTest::theTouchedBoxHoldsThePensEdge()
+void StrokeTest::theTouchedBoxHoldsThePensEdge()
 {
     // Given
     QFETCH(int, width);
@@ -83,14 +87,14 @@ void StrokeGeometryTest::theTouchedBoxHoldsThePensEdge()
     QVERIFY(box.contains(QRectF(80.5 - reach, 60.5 - reach, 19.5 + 2 * reach, 29.5 + 2 * reach)));
 }
 
-void StrokeGeometryTest::theTouchedBoxIsNotMuchLargerThanThePen()
+void StrokeTest::theTouchedBoxIsNotMuchLargerThanThePen()
 {
     const QRect box = touchedBox(QPointF(100, 100), QPointF(100, 100), 20);
 
     QVERIFY(QRect(86, 86, 28, 28).contains(box));
 }
 
-void StrokeGeometryTest::noPenWidthIsTooMuch_data()
+void StrokeTest::noPenWidthIsTooMuch_data()
 {
     QTest::addColumn<int>("width");
 
@@ -100,7 +104,7 @@ void StrokeGeometryTest::noPenWidthIsTooMuch_data()
     QTest::newRow("below nothing") << -1000000;
 }
 
-void StrokeGeometryTest::noPenWidthIsTooMuch()
+void StrokeTest::noPenWidthIsTooMuch()
 {
     // Given
     QFETCH(int, width);
@@ -120,7 +124,7 @@ void StrokeGeometryTest::noPenWidthIsTooMuch()
     QVERIFY(touched.contains(QRect(0, 0, 32767, 32767)));
 }
 
-void StrokeGeometryTest::aShapesBoxSpansBothPoints_data()
+void StrokeTest::aShapesBoxSpansBothPoints_data()
 {
     QTest::addColumn<QPoint>("from");
     QTest::addColumn<QPoint>("to");
@@ -134,7 +138,7 @@ void StrokeGeometryTest::aShapesBoxSpansBothPoints_data()
     QTest::newRow("not at all") << QPoint(7, 8) << QPoint(7, 8) << QRect(7, 8, 1, 1);
 }
 
-void StrokeGeometryTest::aShapesBoxSpansBothPoints()
+void StrokeTest::aShapesBoxSpansBothPoints()
 {
     QFETCH(QPoint, from);
     QFETCH(QPoint, to);
@@ -144,5 +148,69 @@ void StrokeGeometryTest::aShapesBoxSpansBothPoints()
     QTEST(result, "box");
 }
 
-REGISTER_TEST(StrokeGeometryTest, QCoreApplication)
-#include "strokegeometrytest.moc"
+void StrokeTest::betweenStrokesOnlyTheTipsPlaceIsLive()
+{
+    // Given
+    Stroke stroke{Freehand, 10};
+
+    // When
+    stroke.moveTo({20, 20});
+    stroke.moveTo({100, 60});
+
+    // Then
+    QCOMPARE(stroke.liveBox(), touchedBox({100, 60}, {100, 60}, 10));
+
+    // When
+    stroke.style = Ellipse;
+
+    // Then
+    QVERIFY(stroke.liveBox().isEmpty());
+}
+
+void StrokeTest::aPressIsADot()
+{
+    // Given
+    Stroke stroke{Freehand, 10};
+    stroke.moveTo({20, 20});
+
+    // When
+    stroke.begin({100, 60});
+
+    // Then
+    QVERIFY(stroke.drawing);
+    QCOMPARE(stroke.drawRect(), segmentBox({100, 60}, {100, 60}, 10));
+    QCOMPARE(stroke.liveBox(), touchedBox({100, 60}, {100, 60}, 10));
+}
+
+void StrokeTest::aMoveAddsASegmentToAStroke()
+{
+    // Given
+    Stroke stroke{Freehand, 10};
+    stroke.begin({100, 60});
+    stroke.moveTo({120, 60});
+
+    // When
+    stroke.moveTo({120, 90.5});
+
+    // Then
+    QCOMPARE(stroke.drawRect(), segmentBox({120, 60}, {120, 90.5}, 10));
+    QCOMPARE(stroke.liveBox(), touchedBox({120, 60}, {120, 90.5}, 10));
+}
+
+void StrokeTest::aMoveDragsAShapeOut()
+{
+    // Given
+    Stroke stroke{RoundRect, 10};
+    stroke.begin({100, 60});
+    stroke.moveTo({120, 60});
+
+    // When
+    stroke.moveTo({80.4, 90.5});
+
+    // Then
+    QCOMPARE(stroke.drawRect(), shapeBox({100, 60}, {80, 91}));
+    QVERIFY(stroke.liveBox().contains(stroke.drawRect().adjusted(-1, -1, 1, 1)));
+}
+
+REGISTER_TEST(StrokeTest, QCoreApplication)
+#include "stroketest.moc"
