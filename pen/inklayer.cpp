@@ -13,9 +13,9 @@ InkLayer::InkLayer(QSize size, qreal devicePixelRatio)
 {
 }
 
-void InkLayer::setStyle(int penStyle)
+void InkLayer::setStyle(int style)
 {
-    style = penStyle;
+    nextStyle = style;
 }
 
 void InkLayer::setColor(const QColor& color)
@@ -38,7 +38,7 @@ QRegion InkLayer::begin(QPointF point)
 {
     // The release of an earlier press was lost: what it drew stays.
     const QRegion earlier = end();
-    stroke.style = style;
+    stroke.style = nextStyle;
     stroke.begin(point);
     strokeBox = QRect();
     extendStroke();

@@ -46,8 +46,7 @@ private:
     /// What of the layer has been painted on since the press.
     QRect strokeBox;
     Stroke stroke;
-    /// Of the next stroke.
-    int style = Freehand;
+    int nextStyle = Freehand;
     QPen pen;
     double opacity = 1;
 };

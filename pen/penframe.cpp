@@ -26,12 +26,11 @@ double opacityFor(bool transparent)
 
 }
 
-PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, bool transparent)
+PenFrame::PenFrame(QWidget* parent, int size, QColor color, int style, bool transparent)
     : ActionFrame(parent, ScreenshotEngine, 0, 0)
-    , stroke{penStyle, size}
+    , stroke{style, size}
     , blankLayer(layerPixmap(this->size(), devicePixelRatioF(), almostTransparent))
     , strokeLayer(layerPixmap(this->size(), devicePixelRatioF(), Qt::transparent))
-    , color(penColor)
     , opacity(opacityFor(transparent))
     , pointerMul(pointerMulImage(devicePixelRatioF()))
     , pointerTop(pointerTopImage(devicePixelRatioF()))
@@ -40,14 +39,13 @@ PenFrame::PenFrame(QWidget* parent, int size, QColor penColor, int penStyle, boo
     paintOnly(&PenFrame::liveRegion);
     stroke.startPoint = stroke.previousPoint = stroke.currentPoint = mapFromGlobal(QCursor::pos());
     setDrawBack(true);
-    setPen(penColor);
+    setPen(color);
     fetchBackground();
 }
 
-void PenFrame::setPen(QColor penColor)
+void PenFrame::setPen(QColor color)
 {
-    color = penColor;
-    makePen();
+    makePen(color);
     colorizeCursor();
     updateCursor();
     markDirty(stroke.liveBox());
@@ -58,20 +56,20 @@ void PenFrame::setPenSize(int size)
 {
     markDirty(stroke.liveBox());
     stroke.width = size;
-    makePen();
+    makePen(pen.color());
     markDirty(stroke.liveBox());
     repaintDirty();
 }
 
-void PenFrame::setStyle(int penStyle)
+void PenFrame::setStyle(int style)
 {
     // The next repaint takes away what the old style has on the screen.
     markDirty(stroke.liveBox());
-    if (stroke.drawing && stroke.isFreehand() && penStyle != Freehand) {
+    if (stroke.drawing && stroke.isFreehand() && style != Freehand) {
         markDirty(strokeRect);
         clearStrokeLayer();
     }
-    stroke.style = penStyle;
+    stroke.style = style;
     if (stroke.drawing) {
         // A stroke begins with the newest move of the shape that it takes the place of.
         if (isSegmentPending)
@@ -86,7 +84,7 @@ void PenFrame::setTransparency(bool transparent)
     opacity = opacityFor(transparent);
 }
 
-void PenFrame::makePen()
+void PenFrame::makePen(const QColor& color)
 {
     pen = QPen(QBrush(color, Qt::SolidPattern), static_cast<qreal>(stroke.width), Qt::SolidLine,
                Qt::RoundCap, Qt::RoundJoin);
@@ -210,7 +208,7 @@ void PenFrame::draw(QPainter* painter) const
         [[fallthrough]];
     case Ellipse:
     case Rectangle:
-        paintShape(*painter, stroke, color);
+        paintShape(*painter, stroke, pen.color());
         break;
     default:
         paintSegment(*painter, stroke, pen);
@@ -258,7 +256,7 @@ void PenFrame::commitShape()
 
 void PenFrame::colorizeCursor()
 {
-    cursorPixmap = colorizedPointer(color, pointerMul, pointerTop);
+    cursorPixmap = colorizedPointer(pen.color(), pointerMul, pointerTop);
     coloredCursor = penCursor(cursorPixmap);
 }
 

@@ -28,7 +28,7 @@ public:
     void setTransparency(bool transparent);
 
     [[nodiscard]] int penStyle() const { return stroke.style; }
-    [[nodiscard]] QColor penColor() const { return color; }
+    [[nodiscard]] QColor penColor() const { return pen.color(); }
     /// In logical pixels.
     [[nodiscard]] int penWidth() const { return stroke.width; }
     /// From 0 to 1.
@@ -50,7 +50,7 @@ protected:
 
 private:
     [[nodiscard]] QRegion liveRegion() const;
-    void makePen();
+    void makePen(const QColor& color);
     void extendStroke();
     void draw(QPainter* painter) const;
     void showStroke(QPaintDevice* device);
@@ -66,9 +66,8 @@ private:
     QPixmap strokeLayer;
     /// What of the layer has been painted on since the last press.
     QRect strokeRect;
-    /// Whether the newest segment is not in the layer, since a shape was being dragged out.
+    /// Whether the newest segment is not in the layer, since it came while a shape was dragged out.
     bool isSegmentPending = false;
-    QColor color;
     QPen pen;
     double opacity;
     QPixmap cursorPixmap;

@@ -4,7 +4,6 @@
 #include "action/widget/vccolorcombobox.h"
 #include "action/widget/vccombobox.h"
 #include "action/widget/vcgroupbox.h"
-#include "pen/penchoices.h"
 #include "pen/pencontrols.h"
 #include "pen/penframe.h"
 #include "pen/shapechooser.h"

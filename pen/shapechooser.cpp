@@ -2,7 +2,7 @@
 
 #include "action/widget/vccombobox.h"
 #include "overlay/sharpimage.h"
-#include "pen/penchoices.h"
+#include "pen/pencontrols.h"
 #include "pen/pentoolbar.h"
 #include "pen/stroke.h"
 

@@ -54,7 +54,7 @@ void ActionFrame::setToolbar(VcAction::Toolbar::ActionToolbar* palette)
 
 void ActionFrame::start(bool withraise)
 {
-    // Else the toolkit gives the keyboard to the palette's first control, where letters step a list.
+    // Else Qt gives the keyboard to the palette's first control, where letters step a list.
     setFocus();
     repaint();
     setVisible(true);
@@ -62,7 +62,7 @@ void ActionFrame::start(bool withraise)
         activateWindow();
         raise();
         // Not every window manager takes the keyboard from a full-screen program for a new window, and
-        // the toolkit asks one that has crashed.
+        // Qt asks one that has crashed.
         Windowing::NativeWindow::of(*this).takeKeyboard();
     }
     if (toolbar)
@@ -87,7 +87,7 @@ void ActionFrame::closeAction()
 
 void ActionFrame::mousePressEvent(QMouseEvent* /*event*/)
 {
-    // The toolkit asks for it only if it knows that the frame has lost the keyboard, which it learns
+    // Qt asks for it only if it knows that the frame has lost the keyboard, which it learns
     // a tenth of a second after the fact.
     activateWindow();
     if (toolbar)
@@ -168,7 +168,7 @@ void ActionFrame::repaintDirty()
 
 void ActionFrame::awaitTransfer()
 {
-    // The toolkit paints in memory that the window system reads. Before it paints again where it has
+    // Qt paints in memory that the window system reads. Before it paints again where it has
     // shown something last, it asks whether that has been read, which takes as long as the paint. Begun
     // now, between two moves of the hand, the next one need not wait for it. (Where the frame is
     // translucent, to begin a paint is to clear.)

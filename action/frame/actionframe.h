@@ -26,7 +26,7 @@ public:
     ActionFrame(QWidget* parent, int engineType, int width, int height);
 
     /// Takes the tool's palette, a child of the frame, and places it at the bottom-right corner.
-    void setToolbar(VcAction::Toolbar::ActionToolbar* toolbar);
+    void setToolbar(VcAction::Toolbar::ActionToolbar* palette);
 
 public slots:
     /// Shows the frame and its palette.

@@ -12,9 +12,10 @@ class RepaintPace : public QObject {
     Q_OBJECT
 
 public:
-    /// @param repaint  repaints what has changed since the last time
-    /// @param prepare  called when a turn with repaints has ended, for what would hold up the next one
-    RepaintPace(std::function<void()> repaint, std::function<void()> prepare, QObject* parent);
+    /// @param repaintChanges  repaints what has changed since the last time
+    /// @param prepareNext  called when a turn with repaints has ended, for what would hold up the next one
+    RepaintPace(std::function<void()> repaintChanges, std::function<void()> prepareNext,
+                QObject* parent);
 
     /// Repaints now or when the turn ends.
     void ask();

@@ -3,11 +3,9 @@
 #include "action/frame/actionframe.h"
 #include "action/toolbar/fadeanimation.h"
 #include "action/toolbar/focusring.h"
-#include "action/toolbar/handlegrip.h"
-#include "action/toolbar/listwatch.h"
 #include "action/toolbar/palettegeometry.h"
-#include "action/widget/densesheet.h"
-#include "action/widget/vctab.h"
+#include "action/toolbar/shutterhandle.h"
+#include "action/widget/stylesheets.h"
 #include "action/widget/vctabholder.h"
 #include "os/specialfolders.h"
 #include "overlay/layerpixmap.h"
@@ -29,7 +27,7 @@ namespace {
 
 // What the widgets' own sheets leave to the desktop's style, and the palette's light background cannot
 // do without: a flat group box has no frame, and a dark theme's white text and dark buttons would vanish.
-// A FocusRing takes the place of the style's focus rectangles. And the sizes of the boxes' icons, see boxicons.h.
+// A FocusRing takes the place of the style's focus rectangles. And the sizes of the boxes' icons, see showIcons().
 constexpr auto paletteSheet =
     "VcAction--Widget--VcGroupBox { border: 0px; }"
     "VcAction--Widget--VcCheckBox, QTabBar::tab { color: #1f1814; }"

@@ -52,7 +52,7 @@ public:
     /// Whether fadeIn() and fadeOut() do anything.
     void setFadingEnabled(bool enabled);
 
-    /// How opaque the palette is painted, from 0 to 1. Hides the toolkit's property of windows,
+    /// How opaque the palette is painted, from 0 to 1. Hides QWidget's property of windows,
     /// which has no effect on a child widget.
     [[nodiscard]] qreal windowOpacity() const { return opacity; }
     void setWindowOpacity(qreal level);

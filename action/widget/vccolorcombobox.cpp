@@ -1,7 +1,6 @@
 #include "action/widget/vccolorcombobox.h"
 
 #include "action/toolbar/actiontoolbar.h"
-#include "action/widget/boxicons.h"
 #include "action/widget/wheelsteps.h"
 #include "overlay/layerpixmap.h"
 #include "windowsystem/nativewindow.h"

@@ -19,9 +19,9 @@ class VcColorComboBox : public VcComboBox {
 
 public:
     /// @param color, name  the first preset
-    /// @param toolbar  the palette that must not fade while the dialog is open; may be null
+    /// @param palette  the palette that must not fade while the dialog is open; may be null
     VcColorComboBox(QColor color, QString name, QWidget* parent,
-                    VcAction::Toolbar::ActionToolbar* toolbar);
+                    VcAction::Toolbar::ActionToolbar* palette);
 
     /// Clears the box and leaves only the dialog's entry.
     void addCustomItem();

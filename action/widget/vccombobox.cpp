@@ -1,6 +1,5 @@
 #include "action/widget/vccombobox.h"
 
-#include "action/widget/densesheet.h"
 #include "action/widget/entrydelegate.h"
 #include "action/widget/roundedlist.h"
 #include "action/widget/stylesheets.h"
@@ -79,6 +78,13 @@ void VcComboBox::dressList()
     setItemDelegate(new EntryDelegate(this));
     view()->setAccessibleName(accessibleName());
     new RoundedList(view()->window());
+}
+
+void showIcons(QComboBox& box, QSize size)
+{
+    box.ensurePolished(); // the sheets are in force from there on
+    if (box.iconSize() != size)
+        box.setIconSize(size);
 }
 
 }

@@ -1,6 +1,5 @@
 #include "action/widget/vctabholder.h"
 
-#include "action/widget/densesheet.h"
 #include "action/widget/stylesheets.h"
 
 namespace VcAction::Widget {
@@ -26,5 +25,12 @@ void VcTabHolder::setTabWidth(int width)
 }
 
 void VcTabHolder::paintEvent(QPaintEvent* /*event*/) { }
+
+VcTab::VcTab(QWidget* parent)
+    : QWidget(parent)
+{
+}
+
+void VcTab::paintEvent(QPaintEvent* /*event*/) { }
 
 }

@@ -4,7 +4,6 @@
 #include "action/widget/vccheckbox.h"
 #include "action/widget/vccolorcombobox.h"
 #include "examples/liveboard/boardframe.h"
-#include "pen/penchoices.h"
 #include "pen/pencontrols.h"
 
 #include <QButtonGroup>

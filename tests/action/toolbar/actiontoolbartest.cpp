@@ -1,4 +1,4 @@
-#include "action/widget/densesheet.h"
+#include "action/widget/stylesheets.h"
 #include "action/widget/vccheckbox.h"
 #include "action/widget/vccombobox.h"
 #include "action/widget/vctabholder.h"

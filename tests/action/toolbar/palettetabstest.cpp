@@ -1,5 +1,4 @@
-#include "action/widget/densesheet.h"
-#include "action/widget/vctab.h"
+#include "action/widget/stylesheets.h"
 #include "action/widget/vctabholder.h"
 #include "tests/action/probes.h"
 #include "tests/action/widget/expectedsheets.h"

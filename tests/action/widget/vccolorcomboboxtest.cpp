@@ -1,5 +1,5 @@
 #include "action/widget/vccolorcombobox.h"
-#include "action/widget/densesheet.h"
+#include "action/widget/stylesheets.h"
 #include "tests/action/widget/expectedsheets.h"
 #include "tests/support/images.h"
 #include "tests/support/input.h"

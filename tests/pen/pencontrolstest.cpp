@@ -1,4 +1,4 @@
-#include "pen/sizeicon.h"
+#include "pen/pencontrols.h"
 #include "tests/support/pixels.h"
 #include "tests/support/testprogram.h"
 
@@ -19,7 +19,7 @@ QImage imageOf(const QIcon& icon)
 
 }
 
-class SizeIconTest : public QObject {
+class PenControlsTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -34,7 +34,7 @@ private slots:
     void iconsHaveThePixelsOfTheScreen();
 };
 
-void SizeIconTest::aCustomSizeIsACentredSquareOfAtMostThirty_data()
+void PenControlsTest::aCustomSizeIsACentredSquareOfAtMostThirty_data()
 {
     QTest::addColumn<int>("size");
     QTest::addColumn<int>("first");
@@ -53,7 +53,7 @@ void SizeIconTest::aCustomSizeIsACentredSquareOfAtMostThirty_data()
     QTest::newRow("the largest number") << std::numeric_limits<int>::max() << 1 << 30;
 }
 
-void SizeIconTest::aCustomSizeIsACentredSquareOfAtMostThirty()
+void PenControlsTest::aCustomSizeIsACentredSquareOfAtMostThirty()
 {
     QFETCH(int, size);
     QFETCH(int, first);
@@ -64,7 +64,7 @@ void SizeIconTest::aCustomSizeIsACentredSquareOfAtMostThirty()
     QCOMPARE(square, QRect(QPoint(first, first), QPoint(last, last)));
 }
 
-void SizeIconTest::anySizeHasASquareOrNone_data()
+void PenControlsTest::anySizeHasASquareOrNone_data()
 {
     QTest::addColumn<int>("size");
 
@@ -74,7 +74,7 @@ void SizeIconTest::anySizeHasASquareOrNone_data()
     QTest::newRow("the smallest number") << std::numeric_limits<int>::min();
 }
 
-void SizeIconTest::anySizeHasASquareOrNone()
+void PenControlsTest::anySizeHasASquareOrNone()
 {
     // Given
     QFETCH(int, size);
@@ -87,7 +87,7 @@ void SizeIconTest::anySizeHasASquareOrNone()
     QVERIFY(!squareIcon(square, 1).isNull());
 }
 
-void SizeIconTest::aSquareFillsItsCorners()
+void PenControlsTest::aSquareFillsItsCorners()
 {
     // When
     const QImage image = imageOf(squareIcon(QRect(QPoint(8, 8), QPoint(22, 22)), 1));
@@ -99,7 +99,7 @@ void SizeIconTest::aSquareFillsItsCorners()
     QCOMPARE(TestSupport::colourAt(image, QPoint(25, 15)).alpha(), 0);
 }
 
-void SizeIconTest::aDiscLeavesItsCorners()
+void PenControlsTest::aDiscLeavesItsCorners()
 {
     // When
     const QImage image = imageOf(discIcon(6, 25, 1));
@@ -113,11 +113,11 @@ void SizeIconTest::aDiscLeavesItsCorners()
     QCOMPARE(TestSupport::colourAt(image, QPoint(28, 15)).alpha(), 0);
 }
 
-void SizeIconTest::iconsHaveThePixelsOfTheScreen()
+void PenControlsTest::iconsHaveThePixelsOfTheScreen()
 {
     QCOMPARE(discIcon(6, 25, 2).availableSizes(), QList<QSize>({QSize(64, 64)}));
     QCOMPARE(squareIcon(QRect(8, 8, 15, 15), 2).availableSizes(), QList<QSize>({QSize(64, 64)}));
 }
 
-REGISTER_TEST(SizeIconTest, QApplication)
-#include "sizeicontest.moc"
+REGISTER_TEST(PenControlsTest, QApplication)
+#include "pencontrolstest.moc"
