@@ -7,7 +7,7 @@
 
 namespace {
 
-/// By the class's name. Made when first asked for, since the classes are registered in no certain order.
+/// By the class's name. Made when first asked for: other files register classes before main().
 std::map<std::string, TestSupport::TestRun>& tests()
 {
     static std::map<std::string, TestSupport::TestRun> all;

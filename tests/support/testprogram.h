@@ -3,8 +3,8 @@
 #include <QCoreApplication>
 #include <QTest>
 
-/// Test classes that share an executable. A run of it is a run of one class, by name, so that each has a process of its
-/// own: tests/CMakeLists.txt makes every class a test.
+/// Test classes that share an executable. A run of it is a run of one class, by name, so that each
+/// has a process of its own: tests/CMakeLists.txt makes every class a test.
 namespace TestSupport {
 
 /// In the place of an application object, for tests that need none or make their own.
@@ -30,8 +30,8 @@ template <typename Test, typename Application> int runTest(int argc, char** argv
 
 }
 
-/// Instead of QTEST_MAIN. The application is the class of the object that the test needs around it: QApplication,
-/// QGuiApplication, QCoreApplication, NoApplication or one of the test's own.
+/// Instead of QTEST_MAIN. The application is the class of the object that the test needs around it:
+/// QApplication, QGuiApplication, QCoreApplication, NoApplication or one of the test's own.
 #define REGISTER_TEST(Test, Application)                                                           \
     static const TestSupport::RegisteredTest registered##Test(                                     \
         #Test, TestSupport::runTest<Test, Application>);
