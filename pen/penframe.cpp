@@ -29,7 +29,6 @@ double opacityFor(bool transparent)
 PenFrame::PenFrame(QWidget* parent, int size, QColor color, int style, bool transparent)
     : ActionFrame(parent, ScreenshotEngine, 0, 0)
     , stroke{style, size}
-    , blankLayer(layerPixmap(this->size(), devicePixelRatioF(), almostTransparent))
     , strokeLayer(layerPixmap(this->size(), devicePixelRatioF(), Qt::transparent))
     , opacity(opacityFor(transparent))
     , pointerMul(pointerMulImage(devicePixelRatioF()))
@@ -41,6 +40,13 @@ PenFrame::PenFrame(QWidget* parent, int size, QColor color, int style, bool tran
     setDrawBack(true);
     setPen(color);
     fetchBackground();
+}
+
+QPixmap& PenFrame::blankPixmap()
+{
+    if (blankLayer.isNull())
+        blankLayer = layerPixmap(size(), devicePixelRatioF(), almostTransparent);
+    return blankLayer;
 }
 
 void PenFrame::setPen(QColor color)

@@ -43,6 +43,9 @@ public slots:
     void setStyle(int style);
 
 protected:
+    /// A pixmap of the frame's size, almost transparent, for derived tools; made when first asked for.
+    [[nodiscard]] QPixmap& blankPixmap();
+
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
@@ -61,7 +64,7 @@ private:
     void colorizeCursor();
 
     Stroke stroke;
-    /// Kept for derived tools; neither drawn nor read here.
+    /// Null until it is asked for.
     QPixmap blankLayer;
     QPixmap strokeLayer;
     /// What of the layer has been painted on since the last press.

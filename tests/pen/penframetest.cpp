@@ -13,6 +13,17 @@
 using namespace PenTest;
 using VcAction::Frame::PenFrame;
 
+/// A tool that uses what is there for it.
+class DerivedFrame : public PenFrame {
+public:
+    DerivedFrame()
+        : PenFrame(nullptr, 5, Qt::red, Freehand, false)
+    {
+    }
+
+    using PenFrame::blankPixmap;
+};
+
 /// The pen frame as a whole; strokes, shapes, wheel and cursor have tests of their own.
 class PenFrameTest : public QObject {
     Q_OBJECT
@@ -34,6 +45,7 @@ private slots:
     void anySizeIsSurvived_data();
     void anySizeIsSurvived();
     void aHugePenCoversEverything();
+    void aDerivedToolHasABlankPixmap();
     void aFailedPictureIsHarmless_data();
     void aFailedPictureIsHarmless();
 };
@@ -229,6 +241,20 @@ void PenFrameTest::aHugePenCoversEverything()
     QCOMPARE(canvas.inPicture(0, 0), QColor(Qt::red));
     QCOMPARE(canvas.inPicture(canvas.frame.width() - 1, canvas.frame.height() - 1),
              QColor(Qt::red));
+}
+
+void PenFrameTest::aDerivedToolHasABlankPixmap()
+{
+    // Given
+    DerivedFrame frame;
+
+    // When
+    QPixmap& blank = frame.blankPixmap();
+
+    // Then
+    QCOMPARE(blank.deviceIndependentSize().toSize(), frame.size());
+    QCOMPARE(blank.toImage().pixelColor(5, 5), QColor(0, 0, 0, 1));
+    QCOMPARE(&frame.blankPixmap(), &blank);
 }
 
 void PenFrameTest::aFailedPictureIsHarmless_data()
