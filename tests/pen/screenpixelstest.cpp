@@ -7,6 +7,7 @@
 #include "tests/support/testprogram.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPropertyAnimation>
 #include <QRandomGenerator>
 #include <QRegularExpression>

@@ -1,10 +1,10 @@
 #include "windowsystem/x11/x11screencapture.h"
 
-#include "tests/support/testprogram.h"
 #include "tests/desktop/harness/backdrop.h"
 #include "tests/desktop/harness/clientwindow.h"
 #include "tests/desktop/harness/screen.h"
 #include "tests/desktop/harness/xconnection.h"
+#include "tests/support/testprogram.h"
 #include "tests/support/windowprobe.h"
 
 #include <QGuiApplication>

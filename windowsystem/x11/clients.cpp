@@ -83,14 +83,14 @@ std::optional<int> toldProcess(const PropertyReply& id, const PropertyReply& mac
 xcb_window_t parentOf(xcb_connection_t* connection, xcb_window_t window)
 {
     const auto reply =
-        replyTo(xcb_query_tree_reply, connection, xcb_query_tree(connection, window));
+        Windowing::replyTo(xcb_query_tree_reply, connection, xcb_query_tree(connection, window));
     return reply ? reply->parent : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 xcb_window_t windowUnderPointer(xcb_connection_t* connection, xcb_window_t window)
 {
     const auto reply =
-        replyTo(xcb_query_pointer_reply, connection, xcb_query_pointer(connection, window));
+        Windowing::replyTo(xcb_query_pointer_reply, connection, xcb_query_pointer(connection, window));
     const bool isInChild = reply && reply->child != XCB_WINDOW_NONE;
     return isInChild ? windowUnderPointer(connection, reply->child) : window;
 }
@@ -98,7 +98,7 @@ xcb_window_t windowUnderPointer(xcb_connection_t* connection, xcb_window_t windo
 xcb_window_t windowWithKeys(xcb_connection_t* connection, xcb_window_t root)
 {
     const auto reply =
-        replyTo(xcb_get_input_focus_reply, connection, xcb_get_input_focus(connection));
+        Windowing::replyTo(xcb_get_input_focus_reply, connection, xcb_get_input_focus(connection));
     if (!reply)
         return XCB_WINDOW_NONE;
     return reply->focus == XCB_INPUT_FOCUS_POINTER_ROOT ? windowUnderPointer(connection, root)
@@ -119,7 +119,7 @@ public:
             cookies[name] =
                 xcb_intern_atom(connection, false, static_cast<uint16_t>(name.size()), name.data());
         for (const auto& [name, cookie] : cookies) {
-            const auto reply = Process::replyTo(xcb_intern_atom_reply, connection, cookie);
+            const auto reply = Windowing::replyTo(xcb_intern_atom_reply, connection, cookie);
             atoms[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
         }
         // A server that is far away, or in a process namespace of its own, knows us by another
@@ -192,7 +192,7 @@ private:
 
     [[nodiscard]] PropertyReply replyTo(xcb_get_property_cookie_t cookie) const
     {
-        return Process::replyTo(xcb_get_property_reply, connection, cookie);
+        return Windowing::replyTo(xcb_get_property_reply, connection, cookie);
     }
 
     [[nodiscard]] std::vector<uint32_t> numbersOf(xcb_window_t window, const char* property) const
@@ -208,7 +208,7 @@ private:
 
     [[nodiscard]] std::optional<int> processOf(xcb_res_query_client_ids_cookie_t cookie) const
     {
-        const auto reply = Process::replyTo(xcb_res_query_client_ids_reply, connection, cookie);
+        const auto reply = Windowing::replyTo(xcb_res_query_client_ids_reply, connection, cookie);
         if (!reply || reply->num_ids != 1)
             return std::nullopt;
         const xcb_res_client_id_value_t* const value =

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "os/filedescriptor.h"
+#include "windowsystem/filedescriptor.h"
 #include "os/login/loginitems.h"
 
 #include <QByteArray>

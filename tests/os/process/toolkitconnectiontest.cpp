@@ -71,7 +71,7 @@ void ToolkitConnectionTest::thisProgramIsAnApplication()
 {
     // given
     writeFile(session.applications() / "example.desktop",
-              entryText("true", "StartupWMClass=os-toolkitconnectiontest\n"));
+              entryText("true", "StartupWMClass=os-process-tests\n"));
     QWindow window;
     window.resize(200, 100);
     window.show();
@@ -83,7 +83,7 @@ void ToolkitConnectionTest::thisProgramIsAnApplication()
     getPidInfos(&info);
 
     // then
-    QCOMPARE(info.name, "Painter");
+    QCOMPARE(info.name, "Example");
     QCOMPARE(info.path, QCoreApplication::applicationFilePath().toStdString());
     QCOMPARE(std::string(info.bundleId ? info.bundleId : ""), "example");
 }
