@@ -8,8 +8,6 @@
 
 #include <xcb/xfixes.h>
 
-#include <utility>
-
 namespace Windowing::X11 {
 
 namespace {
@@ -43,12 +41,13 @@ SelectionWatch::SelectionWatch(QByteArrayView name)
 
 SelectionWatch::~SelectionWatch() = default;
 
-bool SelectionWatch::hasOwner() const
+bool SelectionWatch::hasOwner()
 {
     const auto cookie = xcb_get_selection_owner(connection(), selection);
     const ReplyPointer<xcb_get_selection_owner_reply_t> reply(
         xcb_get_selection_owner_reply(connection(), cookie, nullptr));
-    return reply && reply->owner != XCB_NONE;
+    wasOwned = reply && reply->owner != XCB_NONE;
+    return wasOwned;
 }
 
 bool SelectionWatch::nativeEventFilter(const QByteArray& /*eventType*/, void* message,
@@ -58,7 +57,8 @@ bool SelectionWatch::nativeEventFilter(const QByteArray& /*eventType*/, void* me
     if ((event->response_type & ~sentByAClient) == notifyEvent) {
         const auto* notify = reinterpret_cast<const xcb_xfixes_selection_notify_event_t*>(event);
         // The toolkit watches some selections too: each change may be told more than once.
-        if (notify->selection == selection && std::exchange(wasOwned, hasOwner()) && !wasOwned)
+        const bool before = wasOwned;
+        if (notify->selection == selection && !hasOwner() && before)
             emit lost();
     }
     // The toolkit has a look at it too.

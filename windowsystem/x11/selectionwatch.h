@@ -16,10 +16,10 @@ public:
     explicit SelectionWatch(QByteArrayView selection);
     ~SelectionWatch() override;
 
-    [[nodiscard]] bool hasOwner() const;
+    [[nodiscard]] bool hasOwner();
 
 signals:
-    /// The selection had an owner and has none now.
+    /// The selection had an owner, as events or hasOwner() have told, and has none now.
     void lost();
 
 private:

@@ -83,7 +83,7 @@ void ToolkitConnectionTest::thisProgramIsAnApplication()
     getPidInfos(&info);
 
     // then
-    QCOMPARE(info.name, "Example");
+    QCOMPARE(info.name, "Painter");
     QCOMPARE(info.path, QCoreApplication::applicationFilePath().toStdString());
     QCOMPARE(std::string(info.bundleId ? info.bundleId : ""), "example");
 }
