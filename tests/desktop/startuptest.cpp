@@ -38,7 +38,6 @@ private slots:
     void aSecondOneRunsBesideTheFirst();
     void withoutADisplayItSaysSoAndEnds();
     void nothingRunsWhileNothingHappens();
-    void noPluginForImagesIsLoaded();
     void itSaysNothing();
 };
 
@@ -177,22 +176,6 @@ void StartupTest::nothingRunsWhileNothingHappens()
     // then
     EVENTUALLY(stayedAsleep());
     QVERIFY(stayedAsleep());
-}
-
-void StartupTest::noPluginForImagesIsLoaded()
-{
-    // Given
-    const Program korvel(*desktop);
-    EVENTUALLY(korvel.isReady());
-
-    // When
-    QFile mapped(QStringLiteral("/proc/%1/maps").arg(korvel.pid()));
-    QVERIFY(mapped.open(QIODevice::ReadOnly));
-    const QByteArray libraries = mapped.readAll();
-
-    // Then
-    QVERIFY(libraries.contains("libQt6Gui"));
-    QVERIFY(!libraries.contains("imageformats"));
 }
 
 void StartupTest::itSaysNothing()
