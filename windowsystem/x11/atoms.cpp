@@ -2,38 +2,26 @@
 
 #include "windowsystem/x11/connection.h"
 
-#include <QByteArray>
-
-#include <algorithm>
 #include <array>
-#include <map>
+#include <vector>
 
 namespace Windowing::X11 {
 
 namespace {
 
-constexpr std::array usual{activeWindow,     supportingWmCheck,  wmName,
-                           wmState,          wmStateAbove,       wmWindowType,
-                           wmWindowTypeDock, wmWindowTypeNormal, wmWindowTypeNotification,
-                           wmOpaqueRegion,   picomShadow,        frameExtents};
+constexpr std::array usualOnes{activeWindow,     supportingWmCheck,  wmName,
+                               wmState,          wmStateAbove,       wmWindowType,
+                               wmWindowTypeDock, wmWindowTypeNormal, wmWindowTypeNotification,
+                               wmOpaqueRegion,   picomShadow,        frameExtents};
 
-class Atoms {
-public:
-    Atoms();
-    xcb_atom_t of(QByteArrayView name);
+}
 
-private:
-    static xcb_intern_atom_cookie_t ask(QByteArrayView name);
-    static xcb_atom_t answer(xcb_intern_atom_cookie_t cookie);
-
-    // An atom is the same as long as the server runs.
-    std::map<QByteArray, xcb_atom_t> known;
-};
-
-Atoms::Atoms()
+Atoms::Atoms(xcb_connection_t* connection, std::span<const QByteArrayView> usual)
+    : server(connection)
 {
-    std::array<xcb_intern_atom_cookie_t, usual.size()> cookies{};
-    std::transform(usual.begin(), usual.end(), cookies.begin(), ask);
+    std::vector<xcb_intern_atom_cookie_t> cookies;
+    for (const QByteArrayView name : usual)
+        cookies.push_back(ask(name));
     for (size_t i = 0; i < usual.size(); ++i)
         known[usual[i].toByteArray()] = answer(cookies[i]);
 }
@@ -46,23 +34,20 @@ xcb_atom_t Atoms::of(QByteArrayView name)
     return found;
 }
 
-xcb_intern_atom_cookie_t Atoms::ask(QByteArrayView name)
+xcb_intern_atom_cookie_t Atoms::ask(QByteArrayView name) const
 {
-    return xcb_intern_atom(connection(), false, static_cast<uint16_t>(name.size()), name.data());
+    return xcb_intern_atom(server, false, static_cast<uint16_t>(name.size()), name.data());
 }
 
-xcb_atom_t Atoms::answer(xcb_intern_atom_cookie_t cookie)
+xcb_atom_t Atoms::answer(xcb_intern_atom_cookie_t cookie) const
 {
-    const ReplyPointer<xcb_intern_atom_reply_t> reply(
-        xcb_intern_atom_reply(connection(), cookie, nullptr));
+    const auto reply = replyTo(xcb_intern_atom_reply, server, cookie);
     return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-}
-
 }
 
 xcb_atom_t atom(QByteArrayView name)
 {
-    static Atoms atoms;
+    static Atoms atoms(connection(), usualOnes);
     return atoms.of(name);
 }
 

@@ -1,10 +1,14 @@
 #pragma once
 
+#include <QByteArray>
 #include <QByteArrayView>
+
+#include <map>
+#include <span>
 
 #include <xcb/xcb.h>
 
-/// Names that the X server knows by number. They need the toolkit's connection, and belong to the main thread.
+/// Names that the X server knows by number.
 namespace Windowing::X11 {
 
 // From the Extended Window Manager Hints.
@@ -26,8 +30,25 @@ constexpr QByteArrayView picomShadow = "_COMPTON_SHADOW";
 /// a shadow around.
 constexpr QByteArrayView frameExtents = "_GTK_FRAME_EXTENTS";
 
-/// The number of a name, one of those above or any other. The server is asked for all of the above at once
-/// and for each once: one by one, it would take a window a millisecond longer to come up.
+/// The numbers of names at a server. It is asked for all that are known to be wanted at once, and for each once: one
+/// by one, it would take a window a millisecond longer to come up.
+class Atoms {
+public:
+    Atoms(xcb_connection_t* server, std::span<const QByteArrayView> usual);
+
+    /// The number of a name, one of the usual or any other.
+    [[nodiscard]] xcb_atom_t of(QByteArrayView name);
+
+private:
+    [[nodiscard]] xcb_intern_atom_cookie_t ask(QByteArrayView name) const;
+    [[nodiscard]] xcb_atom_t answer(xcb_intern_atom_cookie_t cookie) const;
+
+    xcb_connection_t* server;
+    // An atom is the same as long as the server runs.
+    std::map<QByteArray, xcb_atom_t> known;
+};
+
+/// The number of a name at the server of Qt's connection. Belongs to the main thread.
 [[nodiscard]] xcb_atom_t atom(QByteArrayView name);
 
 }

@@ -1,6 +1,8 @@
 #include "windowsystem/clients.h"
 
+#include "windowsystem/x11/atoms.h"
 #include "windowsystem/x11/connection.h"
+#include "windowsystem/x11/property.h"
 
 #include <unistd.h>
 #include <xcb/res.h>
@@ -12,7 +14,6 @@
 #include <cstdlib>
 #include <functional>
 #include <future>
-#include <map>
 #include <memory>
 #include <mutex>
 #include <sstream>
@@ -24,12 +25,11 @@
 
 namespace Windowing {
 
-using X11::ReplyPointer;
+using X11::bytesIn;
+using X11::numbersIn;
+using X11::PropertyReply;
 
 namespace {
-
-// The length of properties that are read, in units of four bytes: more windows than anybody opens.
-constexpr uint32_t longest = 0x10000;
 
 using namespace std::chrono_literals;
 // Long enough for a distant server (a handful of round trips), short enough for a window that
@@ -40,31 +40,6 @@ std::string hostName()
 {
     std::array<char, HOST_NAME_MAX + 1> name{};
     return ::gethostname(name.data(), name.size()) == 0 ? name.data() : "";
-}
-
-/// Null where there is none, as of a window that is gone.
-template <typename Reply, typename Cookie>
-ReplyPointer<Reply> replyTo(Reply* (*wait)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
-                            xcb_connection_t* connection, Cookie cookie)
-{
-    return ReplyPointer<Reply>(wait(connection, cookie, nullptr));
-}
-
-using PropertyReply = ReplyPointer<xcb_get_property_reply_t>;
-
-std::vector<uint32_t> numbersIn(const PropertyReply& reply)
-{
-    if (!reply || reply->format != 32)
-        return {};
-    const auto* first = static_cast<const uint32_t*>(xcb_get_property_value(reply.get()));
-    return {first, first + reply->value_len};
-}
-
-std::string bytesIn(const PropertyReply& reply)
-{
-    if (!reply || reply->format != 8)
-        return {};
-    return {static_cast<const char*>(xcb_get_property_value(reply.get())), reply->value_len};
 }
 
 /// What a window itself tells of its process: a single number, trusted if the window says that it
@@ -83,14 +58,14 @@ std::optional<int> toldProcess(const PropertyReply& id, const PropertyReply& mac
 xcb_window_t parentOf(xcb_connection_t* connection, xcb_window_t window)
 {
     const auto reply =
-        Windowing::replyTo(xcb_query_tree_reply, connection, xcb_query_tree(connection, window));
+        X11::replyTo(xcb_query_tree_reply, connection, xcb_query_tree(connection, window));
     return reply ? reply->parent : xcb_window_t{XCB_WINDOW_NONE};
 }
 
 xcb_window_t windowUnderPointer(xcb_connection_t* connection, xcb_window_t window)
 {
     const auto reply =
-        Windowing::replyTo(xcb_query_pointer_reply, connection, xcb_query_pointer(connection, window));
+        X11::replyTo(xcb_query_pointer_reply, connection, xcb_query_pointer(connection, window));
     const bool isInChild = reply && reply->child != XCB_WINDOW_NONE;
     return isInChild ? windowUnderPointer(connection, reply->child) : window;
 }
@@ -98,12 +73,16 @@ xcb_window_t windowUnderPointer(xcb_connection_t* connection, xcb_window_t windo
 xcb_window_t windowWithKeys(xcb_connection_t* connection, xcb_window_t root)
 {
     const auto reply =
-        Windowing::replyTo(xcb_get_input_focus_reply, connection, xcb_get_input_focus(connection));
+        X11::replyTo(xcb_get_input_focus_reply, connection, xcb_get_input_focus(connection));
     if (!reply)
         return XCB_WINDOW_NONE;
     return reply->focus == XCB_INPUT_FOCUS_POINTER_ROOT ? windowUnderPointer(connection, root)
                                                         : reply->focus;
 }
+
+constexpr std::array<QByteArrayView, 6> atomNames{
+    X11::activeWindow, "_NET_CLIENT_LIST",         X11::supportingWmCheck,
+    "_NET_WM_PID",     "_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID"};
 
 /// One screen, asked once.
 class XWindows {
@@ -111,17 +90,8 @@ public:
     XWindows(xcb_connection_t* server, xcb_window_t rootWindow)
         : connection(server)
         , root(rootWindow)
+        , atoms(server, atomNames)
     {
-        std::map<std::string_view, xcb_intern_atom_cookie_t> cookies;
-        for (const std::string_view name :
-             {"_NET_ACTIVE_WINDOW", "_NET_CLIENT_LIST", "_NET_SUPPORTING_WM_CHECK", "_NET_WM_PID",
-              "_KDE_NET_WM_DESKTOP_FILE", "_GTK_APPLICATION_ID"})
-            cookies[name] =
-                xcb_intern_atom(connection, false, static_cast<uint16_t>(name.size()), name.data());
-        for (const auto& [name, cookie] : cookies) {
-            const auto reply = Windowing::replyTo(xcb_intern_atom_reply, connection, cookie);
-            atoms[name] = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-        }
         // A server that is far away, or in a process namespace of its own, knows us by another
         // number.
         const xcb_query_extension_reply_t* resources =
@@ -133,7 +103,8 @@ public:
 
     [[nodiscard]] std::optional<int> frontmostProcess() const
     {
-        const xcb_window_t manager = managerWindow();
+        const xcb_window_t manager =
+            X11::managerWindow(connection, root, atoms.of(X11::supportingWmCheck));
         if (manager == XCB_WINDOW_NONE)
             return processAround(windowWithKeys(connection, root));
 
@@ -163,8 +134,8 @@ public:
         }
         if (found == XCB_WINDOW_NONE)
             return std::nullopt;
-        const auto desktopFile = ask(found, atoms.at("_KDE_NET_WM_DESKTOP_FILE"));
-        const auto gtkApplication = ask(found, atoms.at("_GTK_APPLICATION_ID"));
+        const auto desktopFile = ask(found, atoms.of("_KDE_NET_WM_DESKTOP_FILE"));
+        const auto gtkApplication = ask(found, atoms.of("_GTK_APPLICATION_ID"));
         const auto windowClass = ask(found, XCB_ATOM_WM_CLASS);
         WindowIdentity names{
             bytesIn(replyTo(desktopFile)), bytesIn(replyTo(gtkApplication)), {}, {}};
@@ -186,18 +157,17 @@ private:
 
     [[nodiscard]] xcb_get_property_cookie_t ask(xcb_window_t window, xcb_atom_t property) const
     {
-        return xcb_get_property(connection, false, window, property, XCB_GET_PROPERTY_TYPE_ANY, 0,
-                                longest);
+        return X11::askForProperty(connection, window, property);
     }
 
     [[nodiscard]] PropertyReply replyTo(xcb_get_property_cookie_t cookie) const
     {
-        return Windowing::replyTo(xcb_get_property_reply, connection, cookie);
+        return X11::replyTo(xcb_get_property_reply, connection, cookie);
     }
 
     [[nodiscard]] std::vector<uint32_t> numbersOf(xcb_window_t window, const char* property) const
     {
-        return numbersIn(replyTo(ask(window, atoms.at(property))));
+        return X11::numbersOf(connection, window, atoms.of(property));
     }
 
     [[nodiscard]] xcb_res_query_client_ids_cookie_t askClient(uint32_t resource) const
@@ -208,7 +178,7 @@ private:
 
     [[nodiscard]] std::optional<int> processOf(xcb_res_query_client_ids_cookie_t cookie) const
     {
-        const auto reply = Windowing::replyTo(xcb_res_query_client_ids_reply, connection, cookie);
+        const auto reply = X11::replyTo(xcb_res_query_client_ids_reply, connection, cookie);
         if (!reply || reply->num_ids != 1)
             return std::nullopt;
         const xcb_res_client_id_value_t* const value =
@@ -221,7 +191,7 @@ private:
     [[nodiscard]] OwnerCookies askOwner(xcb_window_t window) const
     {
         OwnerCookies cookies{window,
-                             ask(window, atoms.at("_NET_WM_PID")),
+                             ask(window, atoms.of("_NET_WM_PID")),
                              ask(window, XCB_ATOM_WM_CLIENT_MACHINE),
                              {}};
         if (serverKnowsProcesses)
@@ -250,19 +220,9 @@ private:
         return std::nullopt;
     }
 
-    [[nodiscard]] xcb_window_t managerWindow() const
-    {
-        // It announces itself by a window of its own that names itself. A window manager that has
-        // ended leaves its properties behind.
-        constexpr auto property = "_NET_SUPPORTING_WM_CHECK";
-        const std::vector<uint32_t> check = numbersOf(root, property);
-        const bool runs = !check.empty() && numbersOf(check.front(), property) == check;
-        return runs ? check.front() : xcb_window_t{XCB_WINDOW_NONE};
-    }
-
     xcb_connection_t* connection;
     const xcb_window_t root;
-    std::map<std::string_view, xcb_atom_t> atoms;
+    mutable X11::Atoms atoms;
     bool serverKnowsProcesses = false;
 };
 

@@ -27,6 +27,15 @@ struct FreeReply {
 /// A server's reply, which XCB allocates and the caller frees; null if there is none.
 template <typename Reply> using ReplyPointer = std::unique_ptr<Reply, FreeReply>;
 
+/// Waits for the reply to a request.
+/// @param wait  the function of XCB that does, as xcb_get_property_reply
+template <typename Reply, typename Cookie>
+ReplyPointer<Reply> replyTo(Reply* (*wait)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
+                            xcb_connection_t* server, Cookie cookie)
+{
+    return ReplyPointer<Reply>(wait(server, cookie, nullptr));
+}
+
 struct Disconnect {
     void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
 };

@@ -24,8 +24,7 @@ bool hasInputExtension()
 EventMask eventsOfAllDevices(xcb_window_t window)
 {
     const auto cookie = xcb_input_xi_get_selected_events(connection(), window);
-    const ReplyPointer<xcb_input_xi_get_selected_events_reply_t> reply(
-        xcb_input_xi_get_selected_events_reply(connection(), cookie, nullptr));
+    const auto reply = replyTo(xcb_input_xi_get_selected_events_reply, connection(), cookie);
     if (!reply)
         return {};
     auto selection = xcb_input_xi_get_selected_events_masks_iterator(reply.get());

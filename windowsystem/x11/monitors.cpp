@@ -18,8 +18,7 @@ QList<QRect> askForMonitors()
 {
     constexpr uint8_t onlyThoseInUse = 1;
     const auto cookie = xcb_randr_get_monitors(connection(), rootWindow(), onlyThoseInUse);
-    const ReplyPointer<xcb_randr_get_monitors_reply_t> reply(
-        xcb_randr_get_monitors_reply(connection(), cookie, nullptr));
+    const auto reply = replyTo(xcb_randr_get_monitors_reply, connection(), cookie);
     if (!reply)
         return {};
     QList<QRect> places;

@@ -17,8 +17,7 @@ bool agreeOnXFixes()
 {
     const auto cookie =
         xcb_xfixes_query_version(connection(), XCB_XFIXES_MAJOR_VERSION, XCB_XFIXES_MINOR_VERSION);
-    const ReplyPointer<xcb_xfixes_query_version_reply_t> reply(
-        xcb_xfixes_query_version_reply(connection(), cookie, nullptr));
+    const auto reply = replyTo(xcb_xfixes_query_version_reply, connection(), cookie);
     return reply != nullptr;
 }
 
@@ -44,8 +43,7 @@ SelectionWatch::~SelectionWatch() = default;
 bool SelectionWatch::hasOwner()
 {
     const auto cookie = xcb_get_selection_owner(connection(), selection);
-    const ReplyPointer<xcb_get_selection_owner_reply_t> reply(
-        xcb_get_selection_owner_reply(connection(), cookie, nullptr));
+    const auto reply = replyTo(xcb_get_selection_owner_reply, connection(), cookie);
     wasOwned = reply && reply->owner != XCB_NONE;
     return wasOwned;
 }

@@ -25,8 +25,8 @@ xcb_shm_get_image_cookie_t askForPicture(const QRect& place, xcb_shm_seg_t segme
 
 bool isSuited(xcb_window_t window, QSize size)
 {
-    const ReplyPointer<xcb_get_geometry_reply_t> geometry(
-        xcb_get_geometry_reply(connection(), xcb_get_geometry(connection(), window), nullptr));
+    const auto geometry =
+        replyTo(xcb_get_geometry_reply, connection(), xcb_get_geometry(connection(), window));
     return geometry && geometry->depth == qtDepth
         && QSize(geometry->width, geometry->height) == size;
 }
@@ -100,7 +100,7 @@ QImage X11ScreenCapture::copied() const
         connection(), XCB_IMAGE_FORMAT_Z_PIXMAP, rootWindow(), static_cast<int16_t>(place.x()),
         static_cast<int16_t>(place.y()), static_cast<uint16_t>(place.width()),
         static_cast<uint16_t>(place.height()), allPlanes);
-    ReplyPointer<xcb_get_image_reply_t> reply(xcb_get_image_reply(connection(), cookie, nullptr));
+    auto reply = replyTo(xcb_get_image_reply, connection(), cookie);
     const qsizetype rowBytes = qsizetype{place.width()} * qsizetype{sizeof(QRgb)};
     if (!reply || xcb_get_image_data_length(reply.get()) != rowBytes * place.height())
         return {};

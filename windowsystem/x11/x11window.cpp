@@ -2,6 +2,7 @@
 
 #include "windowsystem/x11/atoms.h"
 #include "windowsystem/x11/connection.h"
+#include "windowsystem/x11/property.h"
 
 #include <xcb/shape.h>
 #include <xcb/xcb.h>
@@ -12,21 +13,6 @@
 namespace Windowing::X11 {
 
 namespace {
-
-// The length of text properties that are read, in units of four bytes.
-constexpr uint32_t longestName = 64;
-
-QByteArray propertyValue(xcb_window_t window, QByteArrayView property)
-{
-    const auto cookie = xcb_get_property(connection(), false, window, atom(property),
-                                         XCB_GET_PROPERTY_TYPE_ANY, 0, longestName);
-    const ReplyPointer<xcb_get_property_reply_t> reply(
-        xcb_get_property_reply(connection(), cookie, nullptr));
-    if (!reply)
-        return {};
-    return {static_cast<const char*>(xcb_get_property_value(reply.get())),
-            xcb_get_property_value_length(reply.get())};
-}
 
 xcb_window_t toWindow(WId window)
 {
@@ -65,17 +51,12 @@ void setShape(xcb_shape_sk_t kind, WId window, const std::optional<QRegion>& reg
 
 QByteArray windowManagerName()
 {
-    // The window manager announces itself by a window of its own, which carries its name. That window
-    // points to itself, or it is another one: the root window's property outlives a window manager
-    // that has crashed, and the number is given anew.
-    const QByteArray check = propertyValue(rootWindow(), supportingWmCheck);
-    if (check.size() != sizeof(xcb_window_t))
+    const xcb_window_t window = managerWindow(connection(), rootWindow(), atom(supportingWmCheck));
+    if (window == XCB_WINDOW_NONE)
         return {};
-    xcb_window_t window = XCB_WINDOW_NONE;
-    std::copy(check.begin(), check.end(), reinterpret_cast<char*>(&window));
-    if (propertyValue(window, supportingWmCheck) != check)
-        return {};
-    return propertyValue(window, wmName);
+    const auto cookie = askForProperty(connection(), window, atom(wmName));
+    return QByteArray::fromStdString(
+        bytesIn(replyTo(xcb_get_property_reply, connection(), cookie)));
 }
 
 void setWindowLayer(WId window, const WindowLayer& layer)
@@ -108,33 +89,29 @@ QPoint positionOnDesktop(WId window)
 {
     const auto cookie =
         xcb_translate_coordinates(connection(), toWindow(window), rootWindow(), 0, 0);
-    const ReplyPointer<xcb_translate_coordinates_reply_t> reply(
-        xcb_translate_coordinates_reply(connection(), cookie, nullptr));
+    const auto reply = replyTo(xcb_translate_coordinates_reply, connection(), cookie);
     return reply ? QPoint(reply->dst_x, reply->dst_y) : QPoint();
 }
 
 bool isMappedWithFrames(WId window)
 {
     const auto cookie = xcb_get_window_attributes(connection(), toWindow(window));
-    const ReplyPointer<xcb_get_window_attributes_reply_t> reply(
-        xcb_get_window_attributes_reply(connection(), cookie, nullptr));
+    const auto reply = replyTo(xcb_get_window_attributes_reply, connection(), cookie);
     return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 void allowAnySize(WId window)
 {
-    // The flags come first, in four bytes; what they no longer tell of may stay.
+    // The flags come first; what they no longer tell of may stay.
     constexpr uint32_t steps = 1U << 6 | 1U << 8; // their width, and where they begin
-    QByteArray hints = propertyValue(toWindow(window), "WM_NORMAL_HINTS");
-    uint32_t flags = 0;
-    if (hints.size() < qsizetype(sizeof flags))
+    std::vector<uint32_t> hints =
+        numbersOf(connection(), toWindow(window), XCB_ATOM_WM_NORMAL_HINTS);
+    if (hints.empty())
         return;
-    std::copy_n(hints.begin(), sizeof flags, reinterpret_cast<char*>(&flags));
-    flags &= ~steps;
-    std::copy_n(reinterpret_cast<const char*>(&flags), sizeof flags, hints.begin());
+    hints.front() &= ~steps;
     xcb_change_property(connection(), XCB_PROP_MODE_REPLACE, toWindow(window),
                         XCB_ATOM_WM_NORMAL_HINTS, XCB_ATOM_WM_SIZE_HINTS, 32,
-                        static_cast<uint32_t>(hints.size() / sizeof flags), hints.constData());
+                        static_cast<uint32_t>(hints.size()), hints.data());
     xcb_flush(connection());
 }
 
@@ -166,8 +143,7 @@ void activate(WId window)
 WId focusedWindow()
 {
     const auto cookie = xcb_get_input_focus(connection());
-    const ReplyPointer<xcb_get_input_focus_reply_t> reply(
-        xcb_get_input_focus_reply(connection(), cookie, nullptr));
+    const auto reply = replyTo(xcb_get_input_focus_reply, connection(), cookie);
     return reply && reply->focus != XCB_INPUT_FOCUS_POINTER_ROOT ? reply->focus : 0;
 }
 
@@ -199,8 +175,7 @@ std::vector<WId> windowAndFrames(WId window)
     std::vector<WId> windows;
     for (xcb_window_t current = toWindow(window); current != XCB_WINDOW_NONE;) {
         const auto cookie = xcb_query_tree(connection(), current);
-        const ReplyPointer<xcb_query_tree_reply_t> tree(
-            xcb_query_tree_reply(connection(), cookie, nullptr));
+        const auto tree = replyTo(xcb_query_tree_reply, connection(), cookie);
         if (!tree || current == tree->root)
             break;
         windows.push_back(current);
