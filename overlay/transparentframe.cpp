@@ -45,11 +45,11 @@ TransparentFrame::TransparentFrame(QWidget* parent, int engineType, int width, i
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowFlags(Qt::FramelessWindowHint);
     coverScreen(screen, QSize(width, height));
-    // The frame looks the same with and without the keyboard. Else the toolkit would paint the whole
+    // The frame looks the same with and without the keyboard. Else Qt would paint the whole
     // screen once more as soon as it has been given it.
     setPalette(alwaysActive(palette()));
     setAttribute(Qt::WA_MouseTracking);
-    // The toolkit merges the motion events that have queued up, which turns a fast stroke into a
+    // Qt merges the motion events that have queued up, which turns a fast stroke into a
     // polygon. The platform plug-in sets the attribute on start, so it is cleared only from here on.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     engine->init();

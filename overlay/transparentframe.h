@@ -8,7 +8,7 @@
 
 class QPixmap;
 
-/// Toolkit helpers: the overlay frame, its engines and the native window's properties.
+/// The overlay frame, its engines and the native window's properties.
 namespace Helpers::NQt {
 
 class BackgroundExposure;

@@ -2,7 +2,7 @@
 
 class QWidget;
 
-/// What the toolkit does not offer of a widget's native window, and the screen under the mouse.
+/// What Qt does not offer of a widget's native window, and the screen under the mouse.
 ///
 /// The window functions act on the window that holds the widget and create it when there is none
 /// yet. They may be called before it is first shown and while it is shown, take effect without
@@ -23,7 +23,7 @@ void setWindowTransparency(QWidget* widget, bool transparent);
 /// Raises the window above ordinary, floating and dock windows.
 void bringToMegaTop(QWidget* widget);
 
-/// Number of the screen that holds the mouse pointer, as the toolkit lists them.
+/// Number of the screen that holds the mouse pointer, as Qt lists them.
 [[nodiscard]] int findScreenHoldingMouse();
 
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-/// Ends the program with status 1 and a plain sentence where the toolkit would abort it, leaving a
-/// core dump: without a display it cannot make its application object.
+/// Ends the program with status 1 and a plain sentence where Qt would abort and leave a core dump:
+/// without a display it cannot create the application object.
 ///
-/// Install before the application object and take away when that is made. Other messages of the
-/// toolkit are printed as ever.
+/// To be installed before the application object is created, and removed afterwards. Qt's other
+/// messages are printed as usual.
 void endOnFatalMessages();

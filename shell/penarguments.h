@@ -14,7 +14,7 @@ struct PenArguments {
 
     bool operator==(const PenArguments&) const = default;
 
-    /// Opaque; the toolkit's invalid colour, which paints black, if a component is out of range.
+    /// Opaque; Qt's invalid colour, which paints black, if a component is out of range.
     [[nodiscard]] QColor color() const;
 };
 

@@ -2,7 +2,7 @@
 #include <QScreen>
 #include <QWidget>
 
-/// The least that a program of the toolkit can do: an empty window over the whole screen, in red.
+/// The least that a Qt program can do: an empty window over the whole screen, in red.
 int main(int argc, char** argv)
 {
     const QApplication application(argc, argv);

@@ -23,7 +23,7 @@ private:
         return {monitorServer.inputSocket(name), desktop->x.size()};
     }
     /// Moves the pointer on by the touchpad and waits for the pen's dot there: all scrolling has been dealt with then.
-    /// The toolkit takes no scrolling from a device before it has seen it at work.
+    /// Qt takes no scrolling from a device before it has seen it at work.
     [[nodiscard]] bool moveWith(InputDevice& touchpad, QColor dotColour) const;
     /// Whether the screen has a half-transparent stroke along the line, no darker than once over.
     [[nodiscard]] bool hasOneStroke(const QList<QPoint>& path) const;

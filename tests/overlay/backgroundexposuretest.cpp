@@ -24,7 +24,7 @@ constexpr QRect drawn(100, 80, 40, 30);
 constexpr QRect childPlace(300, 200, 50, 20);
 constexpr QRect canvasPlace(200, 100, 30, 60);
 
-/// Draws one rectangle, and has a child in green. Remembers what of it the toolkit has painted.
+/// Draws one rectangle, and has a child in green. Remembers what of it Qt has painted.
 class DrawingFrame : public TransparentFrame {
 public:
     explicit DrawingFrame(int engineType = ScreenshotEngine)

@@ -45,16 +45,16 @@ class KeyNamesTest : public QObject {
 
 private slots:
     void init() { QTest::failOnWarning(QRegularExpression(".?")); }
-    void everyKeyOfTheToolkitHasItsNameOrNone_data();
-    void everyKeyOfTheToolkitHasItsNameOrNone();
-    void everyNamedKeyIsOneOfTheToolkits();
+    void everyKeyOfQtHasItsNameOrNone_data();
+    void everyKeyOfQtHasItsNameOrNone();
+    void everyNamedKeyIsOneOfQts();
     void numbersWithoutAKeyHaveNoName_data();
     void numbersWithoutAKeyHaveNoName();
     void aKeyThatIsEasilyMistakenHasItsName_data();
     void aKeyThatIsEasilyMistakenHasItsName();
 };
 
-void KeyNamesTest::everyKeyOfTheToolkitHasItsNameOrNone_data()
+void KeyNamesTest::everyKeyOfQtHasItsNameOrNone_data()
 {
     QTest::addColumn<int>("key");
 
@@ -64,7 +64,7 @@ void KeyNamesTest::everyKeyOfTheToolkitHasItsNameOrNone_data()
         QTest::newRow(keys.key(index)) << keys.value(index);
 }
 
-void KeyNamesTest::everyKeyOfTheToolkitHasItsNameOrNone()
+void KeyNamesTest::everyKeyOfQtHasItsNameOrNone()
 {
     // given
     QFETCH(int, key);
@@ -76,7 +76,7 @@ void KeyNamesTest::everyKeyOfTheToolkitHasItsNameOrNone()
     QCOMPARE(name, allNames().value(key));
 }
 
-void KeyNamesTest::everyNamedKeyIsOneOfTheToolkits()
+void KeyNamesTest::everyNamedKeyIsOneOfQts()
 {
     // given
     const QList<int> named = allNames().keys();

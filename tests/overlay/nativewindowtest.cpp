@@ -369,7 +369,7 @@ void NativeWindowTest::clicksFallThroughButNotThroughThePalette()
     QVERIFY(show(upper));
     upper.raise();
     Utils::setIgnoresMouseEvents(&upper, true);
-    finishToolkitRequests();
+    finishQtRequests();
 
     // when
     const QPoint corner = place.topLeft() * lower.devicePixelRatio();
@@ -504,7 +504,7 @@ void NativeWindowTest::framesPutAroundAtTheMapGetIt()
     NativeWindow::of(window).goOnCatchingMouseOver(palette);
     Utils::setIgnoresMouseEvents(&window, true);
     Utils::setWindowShadow(&window, false);
-    finishToolkitRequests();
+    finishQtRequests();
     const WindowProbe inner(x, frames.enclose(window.id()));
     const WindowProbe outer(x, frames.enclose(window.id()));
 
@@ -524,7 +524,7 @@ void NativeWindowTest::framesOfAShownWindowGetItAndLoseIt()
     // given
     WindowFrames frames(x);
     Window window;
-    finishToolkitRequests();
+    finishQtRequests();
     const WindowProbe frame(x, frames.enclose(window.id()));
     QVERIFY(show(window));
     const QRegion whole = frame.inputRegion();
@@ -605,7 +605,7 @@ void NativeWindowTest::theWindowIsRaised()
 
     // when
     Utils::bringToMegaTop(&window);
-    finishToolkitRequests();
+    finishQtRequests();
     pointer.click((place.topLeft() + QPoint(10, 10)) * window.devicePixelRatio());
 
     // then

@@ -167,7 +167,7 @@ void PenFrameTest::anEventWithoutAPlaceInTheWindowIsFollowedByItsPlaceInTheFrame
     QVERIFY(canvas.show());
 
     // When
-    // As the toolkit sends the first one after the pointer has left the palette.
+    // As Qt sends the first one after the pointer has left the palette.
     QMouseEvent move(QEvent::MouseMove, QPointF(90, 60), QPointF(-1, -1),
                      canvas.frame.mapToGlobal(QPointF(90, 60)), Qt::NoButton, Qt::NoButton,
                      Qt::NoModifier);

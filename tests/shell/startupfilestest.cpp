@@ -36,16 +36,16 @@ QByteArray fontFile()
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The program with what lies beside it, and the toolkit's folders, in one temporary folder.
+/// The program with what lies beside it, and Qt's folders, in one temporary folder.
 class Installation {
 public:
     Installation()
     {
-        for (const char* folder : {"program", "toolkit/data", "toolkit/translations"})
+        for (const char* folder : {"program", "qt/data", "qt/translations"})
             QDir(top.path()).mkpath(folder);
         QFile::copy(STARTUP_PROBE, program());
         write("program/qt.conf",
-              "[Paths]\nPrefix=../toolkit\nData=data\nTranslations=translations\nPlugins="
+              "[Paths]\nPrefix=../qt\nData=data\nTranslations=translations\nPlugins="
                   + QLibraryInfo::path(QLibraryInfo::PluginsPath).toUtf8() + '\n');
     }
 
@@ -147,26 +147,26 @@ QJsonObject StartupFilesTest::start(const QByteArray& constructor) const
 
 void StartupFilesTest::aTranslationIsLookedForInTwoFolders_data()
 {
-    const QByteArray first = translationFile("Size", "of the toolkit");
+    const QByteArray first = translationFile("Size", "of Qt");
     const QByteArray second = translationFile("Size", "of the program");
-    QTest::addColumn<QByteArray>("inToolkit");
+    QTest::addColumn<QByteArray>("inQt");
     QTest::addColumn<QByteArray>("besideProgram");
     QTest::addColumn<QString>("text");
 
-    QTest::newRow("the toolkit's") << first << QByteArray() << "of the toolkit";
+    QTest::newRow("Qt's") << first << QByteArray() << "of Qt";
     QTest::newRow("beside the program") << QByteArray() << second << "of the program";
-    QTest::newRow("both") << first << second << "of the toolkit";
-    QTest::newRow("the toolkit's is damaged") << garbage << second << "of the program";
+    QTest::newRow("both") << first << second << "of Qt";
+    QTest::newRow("Qt's is damaged") << garbage << second << "of the program";
     QTest::newRow("both are damaged") << garbage << garbage << "Size";
 }
 
 void StartupFilesTest::aTranslationIsLookedForInTwoFolders()
 {
     // given
-    QFETCH(QByteArray, inToolkit);
+    QFETCH(QByteArray, inQt);
     QFETCH(QByteArray, besideProgram);
-    if (!inToolkit.isEmpty())
-        installation->write("toolkit/translations/vellumcraft.qm", inToolkit);
+    if (!inQt.isEmpty())
+        installation->write("qt/translations/vellumcraft.qm", inQt);
     if (!besideProgram.isEmpty())
         installation->write("program/vellumcraft.qm", besideProgram);
     installation->writeSetting("langFile", "vellumcraft");
@@ -243,14 +243,14 @@ void StartupFilesTest::resourcesAreLookedForInTwoFolders_data()
 {
     const QByteArray first = resourceFile("first");
     const QByteArray second = resourceFile("second");
-    QTest::addColumn<QByteArray>("inToolkit");
+    QTest::addColumn<QByteArray>("inQt");
     QTest::addColumn<QByteArray>("besideProgram");
     QTest::addColumn<QJsonArray>("resources");
 
-    QTest::newRow("the toolkit's") << first << QByteArray() << QJsonArray{"first"};
+    QTest::newRow("Qt's") << first << QByteArray() << QJsonArray{"first"};
     QTest::newRow("beside the program") << QByteArray() << second << QJsonArray{"second"};
     QTest::newRow("both") << first << second << QJsonArray{"first"};
-    QTest::newRow("the toolkit's is damaged") << garbage << second << QJsonArray{"second"};
+    QTest::newRow("Qt's is damaged") << garbage << second << QJsonArray{"second"};
     QTest::newRow("both are damaged") << garbage << garbage << QJsonArray();
     QTest::newRow("none") << QByteArray() << QByteArray() << QJsonArray();
     QTest::newRow("cut off") << QByteArray() << second.first(second.size() / 2) << QJsonArray();
@@ -259,10 +259,10 @@ void StartupFilesTest::resourcesAreLookedForInTwoFolders_data()
 void StartupFilesTest::resourcesAreLookedForInTwoFolders()
 {
     // given
-    QFETCH(QByteArray, inToolkit);
+    QFETCH(QByteArray, inQt);
     QFETCH(QByteArray, besideProgram);
-    if (!inToolkit.isEmpty())
-        installation->write("toolkit/data/vellumcraft.rcc", inToolkit);
+    if (!inQt.isEmpty())
+        installation->write("qt/data/vellumcraft.rcc", inQt);
     if (!besideProgram.isEmpty())
         installation->write("program/vellumcraft.rcc", besideProgram);
     installation->writeSetting("resourceFile", "vellumcraft.rcc");
@@ -293,7 +293,7 @@ void StartupFilesTest::theDataFolderComesBeforeAnAbsolutePath()
     // given
     const QString absolute = installation->path("elsewhere/some.rcc");
     installation->write("elsewhere/some.rcc", resourceFile("second"));
-    installation->write("toolkit/data/" + absolute, resourceFile("first"));
+    installation->write("qt/data/" + absolute, resourceFile("first"));
     installation->writeSetting("resourceFile", absolute.toUtf8());
 
     // when
@@ -335,18 +335,17 @@ void StartupFilesTest::fontsAreLoadedFromOneFolder_data()
 
     QTest::newRow("beside the program")
         << QStringList{"program/a.ttf", "program/b.ttf"} << QStringList() << 2;
-    QTest::newRow("in the toolkit's folder")
-        << QStringList{"toolkit/Fonts/a.ttf"} << QStringList() << 1;
-    QTest::newRow("in both") << QStringList{"program/a.ttf", "program/b.ttf", "toolkit/Fonts/a.ttf"}
+    QTest::newRow("in Qt's folder") << QStringList{"qt/Fonts/a.ttf"} << QStringList() << 1;
+    QTest::newRow("in both") << QStringList{"program/a.ttf", "program/b.ttf", "qt/Fonts/a.ttf"}
                              << QStringList() << 1;
-    QTest::newRow("the toolkit's folder holds none")
-        << QStringList{"program/a.ttf"} << QStringList{"toolkit/Fonts/readme"} << 0;
-    QTest::newRow("the toolkit's folder is a file")
-        << QStringList{"program/a.ttf"} << QStringList{"toolkit/Fonts"} << 1;
+    QTest::newRow("Qt's folder holds none")
+        << QStringList{"program/a.ttf"} << QStringList{"qt/Fonts/readme"} << 0;
+    QTest::newRow("Qt's folder is a file")
+        << QStringList{"program/a.ttf"} << QStringList{"qt/Fonts"} << 1;
     QTest::newRow("a folder beside the program")
         << QStringList{"program/Fonts/a.ttf"} << QStringList() << 0;
-    QTest::newRow("deeper in the toolkit's folder")
-        << QStringList{"toolkit/Fonts/more/a.ttf"} << QStringList() << 0;
+    QTest::newRow("deeper in Qt's folder")
+        << QStringList{"qt/Fonts/more/a.ttf"} << QStringList() << 0;
     QTest::newRow("without a suffix") << QStringList{"program/font"} << QStringList() << 1;
     QTest::newRow("amid garbage") << QStringList{"program/m.ttf"}
                                   << QStringList{"program/a.ttf", "program/z.ttf"} << 1;

@@ -5,7 +5,7 @@
 
 namespace {
 
-// What the toolkit's translation files begin with.
+// What Qt's translation files begin with.
 constexpr char magic[] = "\x3c\xb8\x64\x18\xca\xef\x9c\x95\xcd\x21\x1c\xbf\x60\xa1\xbd\xdd";
 
 enum Section : quint8 { Hashes = 0x42, Messages = 0x69 };

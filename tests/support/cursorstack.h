@@ -20,7 +20,7 @@ inline QList<QCursor> takeOverrideCursors()
     return cursors;
 }
 
-/// Whether both are the same object of the toolkit, not only alike: a cursor is one pointer to it.
+/// Whether both are the same Qt object, not only alike: a cursor is one pointer to it.
 inline bool areSameObject(const QCursor& first, const QCursor& second)
 {
     static_assert(sizeof(QCursor) == sizeof(void*));

@@ -10,7 +10,7 @@
 /// Input events handed to a widget, as those of the window system are. Positions are in the widget's coordinates, logical pixels.
 ///
 /// Each function tells whether the event was accepted. What a widget leaves alone is passed up to
-/// its parents, as the toolkit does it.
+/// its parents, as Qt does it.
 namespace TestSupport {
 
 inline bool sendMouse(QWidget& widget, QEvent::Type type, QPointF at, Qt::MouseButton button,

@@ -40,7 +40,7 @@ QRegion WindowProbe::visibleRegion() const
 
 QSize WindowProbe::size() const
 {
-    finishToolkitRequests();
+    finishQtRequests();
     const Reply<xcb_get_geometry_reply_t> reply(
         xcb_get_geometry_reply(x.raw(), xcb_get_geometry(x.raw(), window), nullptr));
     return reply ? QSize(reply->width, reply->height) : QSize();
@@ -48,7 +48,7 @@ QSize WindowProbe::size() const
 
 QRegion WindowProbe::shape(xcb_shape_sk_t kind) const
 {
-    finishToolkitRequests();
+    finishQtRequests();
     const Reply<xcb_shape_get_rectangles_reply_t> reply(xcb_shape_get_rectangles_reply(
         x.raw(), xcb_shape_get_rectangles(x.raw(), window, kind), nullptr));
     if (!reply)
@@ -65,7 +65,7 @@ QRegion WindowProbe::shape(xcb_shape_sk_t kind) const
 Reply<xcb_get_property_reply_t> WindowProbe::read(const char* property) const
 {
     constexpr uint32_t longest = 64;
-    finishToolkitRequests();
+    finishQtRequests();
     const auto cookie = xcb_get_property(x.raw(), 0, window, x.atom(property),
                                          XCB_GET_PROPERTY_TYPE_ANY, 0, longest);
     return Reply<xcb_get_property_reply_t>(xcb_get_property_reply(x.raw(), cookie, nullptr));
@@ -85,10 +85,10 @@ xcb_window_t idOf(const QWindow& window)
     return static_cast<xcb_window_t>(window.winId());
 }
 
-void finishToolkitRequests()
+void finishQtRequests()
 {
-    xcb_connection_t* toolkit =
+    xcb_connection_t* connection =
         qGuiApp->nativeInterface<QNativeInterface::QX11Application>()->connection();
     const Reply<xcb_get_input_focus_reply_t> answer(
-        xcb_get_input_focus_reply(toolkit, xcb_get_input_focus(toolkit), nullptr));
+        xcb_get_input_focus_reply(connection, xcb_get_input_focus(connection), nullptr));
 }

@@ -11,7 +11,7 @@
 
 class QWindow;
 
-/// One X11 window as another client of the server sees it. Every answer comes after all that the toolkit has asked
+/// One X11 window as another client of the server sees it. Every answer comes after all that Qt has asked
 /// for so far. Coordinates are the window's, in device pixels.
 class WindowProbe {
 public:
@@ -42,8 +42,8 @@ private:
     const xcb_window_t window;
 };
 
-/// The number by which other clients know a window of the toolkit's.
+/// The number by which other clients know one of Qt's windows.
 [[nodiscard]] xcb_window_t idOf(const QWindow& window);
 
-/// Returns when the server has carried out all that the toolkit has sent.
-void finishToolkitRequests();
+/// Returns when the server has carried out all that Qt has sent.
+void finishQtRequests();

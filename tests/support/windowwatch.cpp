@@ -34,13 +34,13 @@ QByteArray nameOf(const XConnection& x, xcb_atom_t atom)
 WindowWatch::WindowWatch(xcb_window_t window)
     : x(qgetenv("DISPLAY"))
 {
-    finishToolkitRequests();
+    finishQtRequests();
     select(x, window, XCB_EVENT_MASK_STRUCTURE_NOTIFY | XCB_EVENT_MASK_PROPERTY_CHANGE);
 }
 
 QByteArrayList WindowWatch::events()
 {
-    finishToolkitRequests();
+    finishQtRequests();
     x.synchronise();
     while (const Event event{xcb_poll_for_event(x.raw())})
         seen.append(describe(*event));
@@ -66,13 +66,13 @@ QByteArray WindowWatch::describe(const xcb_generic_event_t& event) const
 StateRequestWatch::StateRequestWatch()
     : x(qgetenv("DISPLAY"))
 {
-    finishToolkitRequests();
+    finishQtRequests();
     select(x, x.root(), XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
 }
 
 QList<StateRequest> StateRequestWatch::requests()
 {
-    finishToolkitRequests();
+    finishQtRequests();
     x.synchronise();
     while (const Event event{xcb_poll_for_event(x.raw())}) {
         const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(*event);

@@ -55,13 +55,13 @@ std::unique_ptr<QWindow> HiddenUntilPlacedTest::window()
     auto made = std::make_unique<QWindow>();
     made->setGeometry(QRect(QPoint(), whole.boundingRect().size()));
     made->create();
-    finishToolkitRequests();
+    finishQtRequests();
     return made;
 }
 
 void HiddenUntilPlacedTest::move(const QWindow& moved, int y) const
 {
-    finishToolkitRequests();
+    finishQtRequests();
     const auto to = static_cast<uint32_t>(y);
     xcb_configure_window(x.raw(), idOf(moved), XCB_CONFIG_WINDOW_Y, &to);
     x.synchronise();
@@ -92,7 +92,7 @@ void HiddenUntilPlacedTest::inAFrameItShowsWhenItIsMoved()
     frames.enclose(idOf(*hidden));
     move(*hidden, 18);
     hidden->show();
-    finishToolkitRequests();
+    finishQtRequests();
     QCoreApplication::processEvents();
     const QRegion before = visible(*hidden);
 
@@ -162,7 +162,7 @@ void HiddenUntilPlacedTest::aWindowThatIsGoneIsForgotten()
 
     // when
     hidden.reset();
-    finishToolkitRequests();
+    finishQtRequests();
     QCoreApplication::processEvents();
 
     // then

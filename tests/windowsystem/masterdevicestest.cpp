@@ -126,7 +126,7 @@ void MasterDevicesTest::aWindowThatIsGoneIsNoHarm()
 
     X11::hearMasterDevicesOnly(gone);
 
-    finishToolkitRequests();
+    finishQtRequests();
 }
 
 REGISTER_TEST(MasterDevicesTest, QGuiApplication)

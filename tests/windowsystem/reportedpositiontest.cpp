@@ -18,7 +18,7 @@ constexpr QRect Place(30, 40, 200, 100);
 
 }
 
-/// Where the toolkit believes a window to be, with a window manager that the test plays.
+/// Where Qt believes a window to be, with a window manager that the test plays.
 class ReportedPositionTest : public QObject {
     Q_OBJECT
 
@@ -54,13 +54,13 @@ std::unique_ptr<QWindow> ReportedPositionTest::window()
     made->setGeometry(Place);
     made->create();
     new X11::ReportedPosition(*made);
-    finishToolkitRequests();
+    finishQtRequests();
     return made;
 }
 
 void ReportedPositionTest::configure(const QWindow& window, const QRect& inParent) const
 {
-    finishToolkitRequests();
+    finishQtRequests();
     const uint32_t values[] = {
         static_cast<uint32_t>(inParent.x()), static_cast<uint32_t>(inParent.y()),
         static_cast<uint32_t>(inParent.width()), static_cast<uint32_t>(inParent.height())};

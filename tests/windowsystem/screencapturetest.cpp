@@ -277,7 +277,7 @@ void ScreenCaptureTest::itIsShownInTheRegion()
 
     // then
     QVERIFY(isShown);
-    finishToolkitRequests();
+    finishQtRequests();
     QCOMPARE(screen.grab(), wanted);
 }
 
@@ -309,7 +309,7 @@ void ScreenCaptureTest::itIsShownAsItIsNow()
 
     // then
     QVERIFY(isShown);
-    finishToolkitRequests();
+    finishQtRequests();
     QCOMPARE(screen.colourAt({0, 0}), QColor(Qt::green));
 }
 
@@ -360,7 +360,7 @@ void ScreenCaptureTest::aWindowOfAnotherDepthIsLeftAlone()
 
     // then
     QVERIFY(!taken->show({}, window, whole()));
-    finishToolkitRequests();
+    finishQtRequests();
 }
 
 REGISTER_TEST(ScreenCaptureTest, QGuiApplication)

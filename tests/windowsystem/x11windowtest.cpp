@@ -283,7 +283,7 @@ void X11WindowTest::framesAreListedFromTheInnermost()
     WindowFrames frames(x);
     QWindow window;
     window.create();
-    finishToolkitRequests();
+    finishQtRequests();
     const WId inner = frames.enclose(idOf(window));
     const WId outer = frames.enclose(idOf(window));
 
@@ -409,7 +409,7 @@ void X11WindowTest::aWindowThatIsGoneIsNotReported()
     X11::setInputShape(window, QRegion(0, 0, 1, 1));
     X11::setInputShape(window, std::nullopt);
     X11::setVisibleShape(window, QRegion());
-    finishToolkitRequests();
+    finishQtRequests();
     QCoreApplication::processEvents();
 
     // then

@@ -8,7 +8,7 @@ class QWindow;
 
 namespace Windowing::X11 {
 
-/// Holds a window at a place that is no whole number of the toolkit's logical pixels. The toolkit is
+/// Holds a window at a place that is no whole number of Qt's logical pixels. Qt is
 /// told a size that is rounded up instead of to the nearest, so that it paints up to the last pixel.
 class ExactPlace : public QObject, public QAbstractNativeEventFilter {
     Q_OBJECT

@@ -65,7 +65,7 @@ void hearMasterDevicesOnly(WId id)
     const auto cookie = xcb_input_xi_select_events_checked(
         connection(), window, count,
         reinterpret_cast<const xcb_input_event_mask_t*>(selections.data()));
-    // So that the toolkit does not report the error where the window is gone.
+    // So that Qt does not report the error where the window is gone.
     xcb_discard_reply(connection(), cookie.sequence);
     xcb_flush(connection());
 }

@@ -30,7 +30,7 @@ QList<QRect> askForMonitors()
     return places;
 }
 
-/// Forgets the monitors when the toolkit, whose screens they are compared with, is told of a change.
+/// Forgets the monitors when Qt, whose screens they are compared with, is told of a change.
 class KnownMonitors : private QAbstractNativeEventFilter {
 public:
     explicit KnownMonitors(uint8_t extensionsFirstEvent);

@@ -7,11 +7,11 @@
 
 namespace Windowing::X11 {
 
-/// Has the toolkit believe a window where it was last said to be, until its frame is on the screen.
+/// Has Qt believe a window where it was last said to be, until its frame is on the screen.
 ///
-/// The server's notices tell the place inside the parent, and so the toolkit asks the server where that is on the screen.
+/// The server's notices tell the place inside the parent, and so Qt asks the server where that is on the screen.
 /// By then the window manager may have put a frame around the window that it has yet to move to its place. If another
-/// monitor is there, the toolkit goes over to its scale factor and back, and may miss the way back.
+/// monitor is there, Qt goes over to its scale factor and back, and may miss the way back.
 class ReportedPosition : public QObject, public QAbstractNativeEventFilter {
     Q_OBJECT
 

@@ -54,12 +54,12 @@ bool SelectionWatch::nativeEventFilter(const QByteArray& /*eventType*/, void* me
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
     if ((event->response_type & ~sentByAClient) == notifyEvent) {
         const auto* notify = reinterpret_cast<const xcb_xfixes_selection_notify_event_t*>(event);
-        // The toolkit watches some selections too: each change may be told more than once.
+        // Qt watches some selections too: each change may be told more than once.
         const bool before = wasOwned;
         if (notify->selection == selection && !hasOwner() && before)
             emit lost();
     }
-    // The toolkit has a look at it too.
+    // Qt has a look at it too.
     return false;
 }
 

@@ -135,7 +135,7 @@ void activate(WId window)
     // is nobody's. Where no window manager runs, nobody hears the request.
     const auto cookie = xcb_set_input_focus_checked(connection(), XCB_INPUT_FOCUS_PARENT,
                                                     toWindow(window), XCB_CURRENT_TIME);
-    // So that the toolkit does not report the error where the window is gone or not on the screen.
+    // So that Qt does not report the error where the window is gone or not on the screen.
     xcb_discard_reply(connection(), cookie.sequence);
     xcb_flush(connection());
 }

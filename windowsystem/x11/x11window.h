@@ -13,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-/// Properties of X11 windows that the toolkit does not set, over the toolkit's own connection.
+/// Properties of X11 windows that Qt does not set, over Qt's own connection.
 ///
 /// Every function needs the X11 platform. Errors (a window that is gone) are the
 /// server's to ignore: nothing is reported.
@@ -22,11 +22,11 @@ namespace Windowing::X11 {
 /// Name that the running window manager announces; empty when none runs.
 [[nodiscard]] QByteArray windowManagerName();
 
-/// Sets the window's type so that it takes its place in the layer (the full-screen state is the
-/// toolkit's to set).
+/// Sets the window's type so that it takes its place in the layer. The full-screen state is left
+/// to Qt.
 void setWindowLayer(WId window, const WindowLayer& layer);
 
-/// Gives a window a place and a size past the toolkit's rounding.
+/// Gives a window a place and a size past Qt's rounding.
 /// @param geometry  in device pixels, seen from the root window
 void setGeometry(WId window, const QRect& geometry);
 

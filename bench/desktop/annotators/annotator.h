@@ -16,7 +16,7 @@ public:
     /// Why it is measured.
     enum class Role {
         Floor, ///< the least that drawing needs
-        EmptyWindow, ///< the least that the toolkit needs; does not draw
+        EmptyWindow, ///< the least that Qt needs; does not draw
         Subject,
         Peer, ///< a program of others
     };

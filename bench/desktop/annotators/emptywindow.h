@@ -4,7 +4,7 @@
 
 namespace Bench {
 
-/// The program of bench/emptywindow: the least that a program of the toolkit needs to show
+/// The program of bench/emptywindow: the least that a Qt program needs to show
 /// something. Does not draw.
 class EmptyWindow : public Annotator {
 public:

@@ -6,7 +6,7 @@
 #include <QRect>
 
 /// Plugs monitors into a MonitorServer, arranges them and takes them away, as a user does in a desktop's settings.
-/// Monitors are counted from 0; the first is the primary one, so that the toolkit lists them in the same order.
+/// Monitors are counted from 0; the first is the primary one, so that Qt lists them in the same order.
 class Monitors {
 public:
     explicit Monitors(const QByteArray& displayName)
@@ -18,7 +18,7 @@ public:
     /// empty, and none beyond the list. False on failure.
     [[nodiscard]] bool arrange(const QList<QRect>& places);
 
-    /// As the server, and thereby the toolkit, calls a monitor.
+    /// As the server, and thereby Qt, calls a monitor.
     [[nodiscard]] static QByteArray name(qsizetype monitor);
 
 private:

@@ -133,7 +133,7 @@ void KeyboardTest::aClickOnTheFrameBringsItBack()
     document.takeKeyboard();
 
     // when
-    // For a moment after the loss the toolkit takes itself for active, and a click changes nothing.
+    // For a moment after the loss Qt takes itself for active, and a click changes nothing.
     const auto clickBringsItBack = [&] {
         desktop->pointer.click({200, 300});
         return korvel.hasKeyboard();

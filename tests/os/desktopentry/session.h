@@ -1,7 +1,7 @@
 #pragma once
 
-#include "windowsystem/filedescriptor.h"
 #include "os/login/loginitems.h"
+#include "windowsystem/filedescriptor.h"
 
 #include <QByteArray>
 #include <QTest>
@@ -107,7 +107,7 @@ class Session {
 public:
     Session()
     {
-        // Not the toolkit's folder, which cannot remove files whose names are no text.
+        // Not Qt's folder, which cannot remove files whose names are no text.
         std::string name = std::filesystem::temp_directory_path() / "korvel-session-XXXXXX";
         folder = mkdtemp(name.data());
         set("HOME", home());

@@ -37,7 +37,7 @@ public:
 
     ProgramFile(const ProgramFile&) = delete;
     ProgramFile& operator=(const ProgramFile&) = delete;
-    // The toolkit cannot remove a file whose name is no text.
+    // Qt cannot remove a file whose name is no text.
     ~ProgramFile() { ::unlink(file.constData()); }
 
     [[nodiscard]] const QByteArray& path() const { return file; }

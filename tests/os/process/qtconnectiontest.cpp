@@ -21,14 +21,14 @@ uint32_t idOf(const QWindow& window)
 
 }
 
-/// Programs on the screen that the toolkit shows its windows on, wherever $DISPLAY points.
-class ToolkitConnectionTest : public QObject {
+/// Programs on the screen that Qt shows its windows on, wherever $DISPLAY points.
+class QtConnectionTest : public QObject {
     Q_OBJECT
 
 private slots:
     void init();
     void thisProgramIsInFrontWithItsOwnWindow();
-    void anotherProgramIsFoundOnTheToolkitsScreen();
+    void anotherProgramIsFoundOnQtsScreen();
     void thisProgramIsAnApplication();
     void aWindowThatIsGoneIsNotReported();
 
@@ -38,13 +38,13 @@ private:
     const Desktop desktop{display};
 };
 
-void ToolkitConnectionTest::init()
+void QtConnectionTest::init()
 {
     QTest::failOnWarning(QRegularExpression(".?"));
     qputenv("DISPLAY", ":54321"); // nothing is there
 }
 
-void ToolkitConnectionTest::thisProgramIsInFrontWithItsOwnWindow()
+void QtConnectionTest::thisProgramIsInFrontWithItsOwnWindow()
 {
     // given
     QWindow window;
@@ -58,7 +58,7 @@ void ToolkitConnectionTest::thisProgramIsInFrontWithItsOwnWindow()
     QTRY_COMPARE(getCurrentFocusProcess(), ::getpid());
 }
 
-void ToolkitConnectionTest::anotherProgramIsFoundOnTheToolkitsScreen()
+void QtConnectionTest::anotherProgramIsFoundOnQtsScreen()
 {
     // when
     const WindowClient client(desktop, ownProcess() << "do=keys");
@@ -67,7 +67,7 @@ void ToolkitConnectionTest::anotherProgramIsFoundOnTheToolkitsScreen()
     QTRY_COMPARE(getCurrentFocusProcess(), client.id());
 }
 
-void ToolkitConnectionTest::thisProgramIsAnApplication()
+void QtConnectionTest::thisProgramIsAnApplication()
 {
     // given
     writeFile(session.applications() / "example.desktop",
@@ -88,7 +88,7 @@ void ToolkitConnectionTest::thisProgramIsAnApplication()
     QCOMPARE(std::string(info.bundleId ? info.bundleId : ""), "example");
 }
 
-void ToolkitConnectionTest::aWindowThatIsGoneIsNotReported()
+void QtConnectionTest::aWindowThatIsGoneIsNotReported()
 {
     // given
     const xcb_window_t gone = xcb_generate_id(desktop.x.raw());
@@ -100,12 +100,12 @@ void ToolkitConnectionTest::aWindowThatIsGoneIsNotReported()
     // when
     const int process = getCurrentFocusProcess();
     getPidInfos(&info);
-    QCoreApplication::processEvents(); // the toolkit would complain of errors here
+    QCoreApplication::processEvents(); // Qt would complain of errors here
 
     // then
     QCOMPARE(process, -1);
     QCOMPARE(info.path, std::string());
 }
 
-REGISTER_TEST(ToolkitConnectionTest, QGuiApplication)
-#include "toolkitconnectiontest.moc"
+REGISTER_TEST(QtConnectionTest, QGuiApplication)
+#include "qtconnectiontest.moc"
