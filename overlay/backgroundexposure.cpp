@@ -33,7 +33,8 @@ bool BackgroundExposure::widgetEvent(QEvent& event)
 void BackgroundExposure::suspendUpdates()
 {
     updatesSuspended = frame.updatesEnabled() && leaveToExposure();
-    // The attribute alone: Qt's method would update all when it takes it back.
+    // Only the attribute: setUpdatesEnabled() would repaint everything when updates are enabled
+    // again.
     if (updatesSuspended)
         frame.setAttribute(Qt::WA_UpdatesDisabled);
 }
@@ -64,7 +65,7 @@ bool BackgroundExposure::windowEvent(QEvent& event)
 
 bool BackgroundExposure::windowExposed()
 {
-    // A paint event with the region follows, or has come and was accepted.
+    // A paint event with the region follows, or came before and was accepted.
     paintAwaited = window()->isExposed() && isWanted();
     if (paintAwaited)
         exposeToQt({});
@@ -76,8 +77,8 @@ void BackgroundExposure::windowPainted(const QRegion& region)
     const QRegion rest = region - drawnRegion();
     if (showBackground(rest)) {
         storeIsPartial = true;
-        // One rectangle each, as a rule: behind more than one Qt paints in threads, which cost more than
-        // they help.
+        // Usually one rectangle each: for more than one Qt paints in threads, which cost more than
+        // they save.
         const QRegion children = frame.childrenRegion();
         paint(region & children);
         paint(region - rest - children);
@@ -101,8 +102,8 @@ void BackgroundExposure::prepareStore()
 {
     if (frame.backingStore()->size() == frame.size())
         return;
-    // Qt would paint all of one that has not the window's size. It asks the window system for the memory,
-    // which answers at once as long as it is not busy with the background.
+    // Qt repaints a store entirely if its size differs from the window's. Resizing asks the window
+    // system for the memory, which it grants at once unless it is busy with the background.
     frame.backingStore()->resize(frame.size());
     storeIsPartial = true;
 }

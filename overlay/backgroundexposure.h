@@ -9,10 +9,10 @@ namespace Helpers::NQt {
 class FrameEngine;
 class TransparentFrame;
 
-/// Has the window system show the background wherever the frame's window comes to light, and Qt paint
-/// only what lies on top. Else Qt would first paint a copy of the whole screen into its backing store: a
-/// large screen would take twice as long to be there, for memory that is not needed afterwards either. What the
-/// backing store holds elsewhere is never shown.
+/// Lets the window system show the background wherever the frame's window is exposed, so that Qt
+/// paints only what lies on top. Otherwise Qt would first paint a copy of the whole screen into its
+/// backing store: a large screen would take twice as long to appear, for memory that is not needed
+/// afterwards. Whatever else the backing store holds is never shown.
 class BackgroundExposure : public Windowing::NativeWindow {
 public:
     BackgroundExposure(TransparentFrame& frame, FrameEngine& engine);
@@ -23,7 +23,7 @@ protected:
 
 private:
     void suspendUpdates();
-    /// Whether what shall be painted is painted when the window is exposed.
+    /// Whether the exposure of the window will paint what is due now.
     bool leaveToExposure();
     bool windowExposed();
     void windowPainted(const QRegion& region);
@@ -37,12 +37,13 @@ private:
 
     TransparentFrame& frame;
     FrameEngine& engine;
-    /// Whether the backing store may hold less than what the window shows.
+    /// Whether the backing store may lack some of what the window shows.
     bool storeIsPartial = false;
-    /// When a window is exposed anew Qt tells it that, and where in a second event.
+    /// On a new exposure Qt sends an expose event without a region first, then a paint event with
+    /// it.
     bool paintAwaited = false;
     bool exposing = false;
-    /// While Qt brings the window up and notes that all of it is to be painted.
+    /// While Qt shows the window and would mark all of it for painting.
     bool updatesSuspended = false;
 };
 

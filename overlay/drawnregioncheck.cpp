@@ -15,7 +15,7 @@ namespace Helpers::NQt {
 
 namespace {
 
-/// As it is written in the sources, also of a class that Qt's meta-object system does not know.
+/// The name as written in the source, even of a class without Q_OBJECT.
 QString className(const std::type_info& type)
 {
     int status = 0;

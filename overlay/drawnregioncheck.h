@@ -4,8 +4,9 @@ namespace Helpers::NQt {
 
 class TransparentFrame;
 
-/// For developers: has the frame draw once more, on an empty picture, and warns by the name of its class if
-/// that leaves anything outside the region that it tells. On the screen it would show sometimes, and in parts.
+/// For developers: makes the frame draw once more, on an empty image, and warns with the name of
+/// its class if it draws outside the region that it declares. On the screen such drawing would show
+/// only sometimes, and in parts.
 void warnOfPaintOutside(TransparentFrame& frame);
 
 }

@@ -9,8 +9,8 @@ namespace Helpers::NQt {
 
 class TransparentFrame;
 
-/// Decides what lies behind a frame's drawing. The frame owns it and hands it painting and resizing;
-/// what is drawn on top is the frame's own.
+/// Decides what lies behind a frame's drawing. The frame owns it and passes it painting and
+/// resizing; what is drawn on top is the frame's business.
 class FrameEngine {
 public:
     virtual ~FrameEngine() = default;
@@ -23,11 +23,12 @@ public:
     virtual void paint(QPaintDevice* device) = 0;
     /// The background's pixmap, owned by the engine; null if it has none.
     virtual QPixmap* background() = 0;
-    /// Begins to fetch the background that init() has prepared, and returns while it is on its way.
+    /// Starts fetching the background that init() has prepared, and returns without waiting for it.
     virtual void fetchBackground() { }
-    /// Waits until the frame may be shown and will not be part of the background that init() has prepared.
+    /// Waits until the frame can be shown without becoming part of the background.
     virtual void secureBackground() { }
-    /// Has the window system show the background on a part of the frame's window by itself, without painting.
+    /// Lets the window system itself show the background on a part of the frame's window, without
+    /// painting.
     /// @param region  in logical pixels of the window
     /// @return  false if it cannot, and nothing is shown
     virtual bool showBackground(const QWindow& window, const QRegion& region);
@@ -41,7 +42,7 @@ protected:
     TransparentFrame* frame;
     bool drawBack = true;
 
-    /// Its getDrawBack() reads the flag.
+    /// TransparentFrame::getDrawBack() reads the flag.
     friend class TransparentFrame;
 };
 

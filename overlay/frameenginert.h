@@ -6,8 +6,8 @@
 
 namespace Helpers::NQt {
 
-/// The live engine: the frame's window is translucent and shows the desktop, which goes on changing,
-/// wherever nothing is drawn. Needs a compositor; without one unpainted pixels are black.
+/// The live engine: the frame's window is translucent and shows the desktop, which goes on
+/// changing, wherever nothing is drawn. Needs a compositor; without one unpainted pixels are black.
 class FrameEngineRT : public FrameEngine {
 public:
     /// @param frame  made translucent, which has an effect only before its native window exists;
@@ -16,9 +16,9 @@ public:
     ~FrameEngineRT() override = default;
 
     void init() override { }
-    /// Stores the flag; there is no background that it could switch.
+    /// Stores the flag, which has no effect: there is no background.
     void setDrawBack(bool drawBack) override;
-    /// Has the frame draw onto itself, whatever the device.
+    /// Makes the frame draw onto itself, whatever the device.
     void paint(QPaintDevice* device) override;
     /// Always null.
     QPixmap* background() override { return nullptr; }

@@ -15,8 +15,7 @@ namespace Helpers::NQt {
 
 namespace {
 
-// On the screen of this number the picture is that of the whole desktop, shown from its top-left
-// corner.
+// On the screen with this number the picture shows the whole desktop, from its top-left corner.
 constexpr int wholeDesktopScreen = 1;
 
 /// One screen's picture and its place, both in device pixels.
@@ -36,13 +35,13 @@ QRect rectAround(const std::vector<PlacedPicture>& pictures)
 }
 
 /// Black where there is no screen.
-/// @param wanted  without a value as much as the pictures take
+/// @param wanted  no value means the area of all pictures
 QPixmap composed(std::vector<PlacedPicture> pictures, std::optional<QRect> wanted)
 {
     if (pictures.empty())
         return {};
     const QRect area = wanted.value_or(rectAround(pictures));
-    // As it is, without a copy: nor may the pixmap be another's, too, when it is given its ratio.
+    // Moved, not copied: setting the ratio of a pixmap that somebody else holds too would copy it.
     if (pictures.size() == 1 && pictures.front().rect() == area)
         return std::move(pictures.front().picture);
     QPixmap whole(area.size());
@@ -131,7 +130,8 @@ void FrameEngineSS::secureBackground()
 
 bool FrameEngineSS::showBackground(const QWindow& window, const QRegion& region)
 {
-    // A tool that puts another picture in the pixmap's place has left the memory.
+    // show() refuses a picture that a tool has put into the pixmap: it does not lie in the shared
+    // memory.
     return FrameEngine::drawBack && isOneScreen()
         && captures.front()->show(isTaken ? pixmap.toImage() : QImage(), window,
                                   Windowing::deviceRegion(region, window.devicePixelRatio()));
@@ -149,7 +149,7 @@ void FrameEngineSS::paint(QPaintDevice* device)
     if (FrameEngine::drawBack)
         drawBack(device, QPoint(0, 0), frame->rect());
     frame->draw(device);
-    // The first picture is on the screen before the captured one is complete.
+    // Queued, so that the first paint reaches the screen before the capture is completed.
     if (!isTaken && isOneScreen())
         QMetaObject::invokeMethod(
             frame, [this] { completePicture(); }, Qt::QueuedConnection);
@@ -174,13 +174,13 @@ void FrameEngineSS::drawBack(QPainter* painter, QPoint at, QRect source)
 
 void FrameEngineSS::drawBack(QPainter* painter, QPoint at, QRectF source)
 {
-    // The whole picture behind a clip: a part cut out at a fractional ratio would begin between two
-    // of the picture's pixels and be resampled.
+    // The whole picture, clipped: a part cut out at a fractional ratio would begin between two of
+    // the picture's pixels and be resampled.
     const QPointF origin = QPointF(at) - source.topLeft();
     painter->save();
     painter->setClipRect(source.translated(origin), Qt::IntersectClip);
-    // What a draft lacks stands for the opacity, which a window has that lets others through, and a picture of a
-    // tool's own.
+    // A draft lacks the opacity, which matters on a translucent window and on any other paint
+    // device.
     const bool isOpaque =
         painter->device() == frame && !frame->testAttribute(Qt::WA_TranslucentBackground);
     if (const QImage early = isOpaque ? draft() : QImage(); !early.isNull())

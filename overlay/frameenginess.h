@@ -14,19 +14,21 @@ class QPainter;
 
 namespace Helpers::NQt {
 
-/// The screenshot engine: photographs the screen under the frame and paints the picture as an opaque
-/// background. The picture is also a canvas for lasting strokes.
+/// The screenshot engine: photographs the screen under the frame and paints the picture as an
+/// opaque background. The picture is also a canvas for lasting strokes.
 class FrameEngineSS : public FrameEngine {
 public:
     /// @param screen  number of the screen that the frame opens on
     FrameEngineSS(TransparentFrame* frame, int screen);
     ~FrameEngineSS() override = default;
 
-    /// Prepares a new picture of the frame's place, which is taken when fetchBackground(), secureBackground() or
-    /// background() is called. The frame must not be visible then, or it is part of it.
+    /// Prepares a new picture of the frame's place, which is taken when fetchBackground(),
+    /// secureBackground() or background() is called. The frame must not be visible then, or it gets
+    /// into the picture.
     void init() override;
     void paint(QPaintDevice* device) override;
-    /// The picture; null inside until the first init() and after a failed one. Waits for a new one.
+    /// The picture; a null pixmap before the first init() and after a failed one. Waits for a new
+    /// picture.
     QPixmap* background() override;
     void fetchBackground() override;
     void secureBackground() override;
@@ -46,12 +48,13 @@ private:
     [[nodiscard]] QImage draft() const;
     void completePicture();
 
-    /// Of the screens on the picture.
+    /// One for each screen in the picture.
     std::vector<std::unique_ptr<Windowing::ScreenCapture>> captures;
-    /// The part of the desktop that the picture shows, in device pixels; without a value as much as they show.
+    /// The part of the desktop that the picture shows, in device pixels; no value means all of the
+    /// captured screens.
     std::optional<QRect> area;
     qreal ratio = 1;
-    /// Whether the pixmap is the picture; else that is on its way.
+    /// Whether the pixmap holds the picture; otherwise the picture is on its way.
     bool isTaken = true;
     QPixmap pixmap;
     int screen;

@@ -9,7 +9,7 @@ struct KeyName {
     const char* name;
 };
 
-// Keys that are named one by one; digits, letters and function keys are below.
+// Keys with names of their own; digits, letters and function keys are handled below.
 constexpr KeyName keyNames[] = {
     {Qt::Key_Space, "[SPACEBAR]"},
     {Qt::Key_Escape, "[ESC]"},
@@ -17,7 +17,7 @@ constexpr KeyName keyNames[] = {
     {Qt::Key_Backspace, "[BACK]"},
     {Qt::Key_Enter, "[ENTER]"},
     {Qt::Key_Insert, "[INS]"},
-    // Delete bears this name, and Clear none.
+    // Delete has this name, and Clear has none.
     {Qt::Key_Delete, "[CLEAR]"},
     {Qt::Key_Pause, "[PAUSE]"},
     {Qt::Key_Print, "[PRINT]"},
@@ -30,7 +30,8 @@ constexpr KeyName keyNames[] = {
     {Qt::Key_PageUp, "[PAGE_UP]"},
     {Qt::Key_PageDown, "[PAGE_DOWN]"},
     {Qt::Key_Shift, "[SHIFT]"},
-    // Keycaps of a keyboard that has both: its Command key arrives as Control, its Ctrl key as Meta.
+    // Keycaps of a keyboard that has both: its Command key arrives as Control, its Ctrl key as
+    // Meta.
     {Qt::Key_Control, "[COMMAND]"},
     {Qt::Key_Meta, "[CTRL]"},
     {Qt::Key_Alt, "[ALT]"},

@@ -10,8 +10,8 @@ namespace Helpers::NQt {
 
 namespace {
 
-/// As large as the screen, and mostly never painted on: memory that the system has cleared is taken up only where it
-/// is written to.
+/// Often as large as the screen and never painted on: zeroed memory from the system is only taken
+/// up where it is written to.
 QPixmap transparentPixmap(QSize pixels)
 {
     const qsizetype rowBytes = pixels.width() * qsizetype{sizeof(QRgb)};

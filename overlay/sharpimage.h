@@ -4,14 +4,14 @@
 #include <QPixmap>
 #include <QString>
 
-/// Images of the resource file as crisp as the screen can show them.
+/// Images from the resource file, as crisp as the screen can show them.
 namespace Helpers::NQt {
 
-/// The variant of an image that suits a device pixel ratio, with its own ratio set: "name.png" for 1,
-/// "name@2x.png" for 2, "name@3x.png" for 3 and more. Null where there is none.
+/// The variant of an image that suits a device pixel ratio, with its own ratio set: "name.png" for
+/// 1, "name@2x.png" for 2, "name@3x.png" for 3 and more. Null where there is none.
 [[nodiscard]] QPixmap sharpImage(const QString& path, qreal devicePixelRatio);
 
-/// A cursor of an image; the system's arrow if the image is null.
+/// A cursor made from an image; the system's arrow if the image is null.
 /// @param hotSpot  in the image's logical pixels
 [[nodiscard]] QCursor sharpCursor(const QPixmap& image, QPoint hotSpot);
 

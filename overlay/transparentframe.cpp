@@ -22,7 +22,7 @@ std::unique_ptr<FrameEngine> makeEngine(int engineType, TransparentFrame* frame,
     return std::make_unique<FrameEngineSS>(frame, screen);
 }
 
-/// The palette with the colours of a window that has the keyboard for one that has not, too.
+/// The palette with the colours of the active window used for inactive windows, too.
 QPalette alwaysActive(QPalette palette)
 {
     for (int number = 0; number < QPalette::NColorRoles; ++number) {
@@ -45,12 +45,12 @@ TransparentFrame::TransparentFrame(QWidget* parent, int engineType, int width, i
     setAttribute(Qt::WA_ShowWithoutActivating);
     setWindowFlags(Qt::FramelessWindowHint);
     coverScreen(screen, QSize(width, height));
-    // The frame looks the same with and without the keyboard. Else Qt would paint the whole
-    // screen once more as soon as it has been given it.
+    // Makes the frame look the same with and without the keyboard: Qt would otherwise repaint the
+    // whole screen when the frame gets it.
     setPalette(alwaysActive(palette()));
     setAttribute(Qt::WA_MouseTracking);
-    // Qt merges the motion events that have queued up, which turns a fast stroke into a
-    // polygon. The platform plug-in sets the attribute on start, so it is cleared only from here on.
+    // Qt merges queued motion events, which turns a fast stroke into a polygon. The platform
+    // plug-in sets the attribute on start, so it can be cleared only after that.
     QCoreApplication::setAttribute(Qt::AA_CompressHighFrequencyEvents, false);
     engine->init();
     QMetaObject::invokeMethod(this, &TransparentFrame::fetchBackground, Qt::QueuedConnection);
@@ -64,7 +64,7 @@ void TransparentFrame::coverScreen(int screen, QSize size)
         QGuiApplication::screens().value(screen, QGuiApplication::primaryScreen());
     if (!home)
         return;
-    // Before the native window exists: it is made with the device pixel ratio of this screen.
+    // Before the native window exists: it takes the device pixel ratio of this screen when created.
     setScreen(home);
     const QRect geometry = Windowing::WindowSystem::ofSession().coveringGeometry(*home);
     const bool explicitSize = size.width() != 0 && size.height() != 0;
@@ -118,7 +118,7 @@ void TransparentFrame::mousePressEvent(QMouseEvent* /*event*/)
 
 void TransparentFrame::showEvent(QShowEvent* event)
 {
-    // From here on a picture of the screen would be one of the frame.
+    // From here on the frame would be in any picture of the screen.
     engine->secureBackground();
     if (windowHandle())
         Windowing::WindowSystem::ofSession().reportPointerOnce(*windowHandle());

@@ -20,7 +20,7 @@ class TransparentFrame : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// What lies behind the drawing: the screen's picture, or the desktop as it goes on changing.
+    /// What lies behind the drawing: a picture of the screen, or the live desktop.
     enum EngineType { ScreenshotEngine = 0, LiveEngine = 1 };
 
     /// @param engineType  the live engine, or the screenshot engine for any other number
@@ -31,10 +31,10 @@ public:
     /// Sets the cursor that suits the tool. Called on every mouse press.
     virtual void updateCursor();
     /// Paints the tool's content. Called on every paint, after the background.
-    /// @param device  to be painted on in the frame's coordinates, logical pixels
+    /// @param device  painted on in the frame's coordinates, logical pixels
     virtual void draw(QPaintDevice* device);
-    /// Where draw() paints anything at present.
-    /// @return  in logical pixels; all of the frame unless its class has told otherwise
+    /// Where draw() paints at present.
+    /// @return  in logical pixels; the whole frame unless its class has called paintOnly()
     [[nodiscard]] QRegion drawnRegion() const;
 
     /// Whether the engine paints the background.
@@ -47,15 +47,15 @@ public:
     [[nodiscard]] QPaintDevice* paintDevice();
 
 protected:
-    /// Has the engine's background come while the tool does something else. To be called by a tool whose
-    /// constructor asks the window system nothing from there on: its answers wait for a screen's picture. The
-    /// frame itself does so as soon as events are handled.
+    /// Starts fetching the engine's background while the tool does something else. For tools whose
+    /// constructors send the window system no further requests: those would wait for the picture.
+    /// The frame itself does this as soon as events are handled.
     void fetchBackground();
 
-    /// Tells where draw() paints, so that nothing else needs to be painted and the tool is shown sooner. To be
-    /// called in the constructor. It holds for frames of exactly this class: one that is derived from it may
-    /// draw elsewhere, and is painted whole until it calls this for itself.
-    /// @param region  a member that tells the region at present, in logical pixels
+    /// Declares where draw() paints, so that nothing else needs painting and the tool is shown
+    /// sooner. To be called in the constructor. Applies to frames of exactly this class: a derived
+    /// class may draw elsewhere, and is painted whole until it calls this itself.
+    /// @param region  a member that returns the present region, in logical pixels
     template <typename Frame> void paintOnly(QRegion (Frame::*region)() const)
     {
         toldBy = &typeid(Frame);

@@ -11,7 +11,7 @@ namespace {
 
 struct sigaction faultAction { };
 
-/// Whether whatever was at the other end of one of the program's sockets is gone.
+/// Whether the peer of one of the program's sockets is gone.
 bool hasLostConnection()
 {
     constexpr int afterStandardStreams = 3;
@@ -30,7 +30,7 @@ void endOnFaultWithoutServer(int signal)
 {
     if (hasLostConnection())
         ::_exit(EXIT_FAILURE);
-    // The fault comes again as soon as this returns.
+    // The faulting instruction runs again when this returns.
     ::sigaction(signal, &faultAction, nullptr);
 }
 

@@ -12,8 +12,8 @@ int main(int argc, char** argv)
 {
     constexpr int freehand = 0;
 
-    // Qt from 6.8.2 on knows this (6.4.2 does not): handing a fill of some hundred lines to threads takes
-    // longer than the fill.
+    // Known to Qt from 6.8.2 on, not to 6.4.2: distributing a fill of some hundred lines over
+    // threads takes longer than the fill.
     qputenv("QT_NO_GUI_THREADPOOL", "1");
     endQuietlyWithServer();
     endOnFatalMessages();
@@ -22,7 +22,7 @@ int main(int argc, char** argv)
     settings.setValue("resourceFile", "vellumcraft.rcc");
 
     Helpers::NQt::NorvikApplication application(settings, argc, argv);
-    // From here on a fatal message is a fault to be looked into.
+    // From here on a fatal message is a bug, which should leave a core dump.
     qInstallMessageHandler(nullptr);
     const PenArguments pen = penArguments(QCoreApplication::arguments());
 

@@ -21,7 +21,7 @@ namespace Helpers::NQt {
 
 namespace {
 
-/// Has a variable that names a file by a relative path name it wherever the program works.
+/// Makes a relative path in an environment variable independent of the working directory.
 void makeAbsolute(const char* variable)
 {
     const QByteArray path = qgetenv(variable);
@@ -86,8 +86,8 @@ int NorvikApplication::setup_unix_signal_handlers()
     struct sigaction action { };
     action.sa_handler = termSignalHandler;
     sigemptyset(&action.sa_mask);
-    // Every flag: among them the one that restarts interrupted calls and the one that takes the
-    // handler away after its first run, so that a second SIGTERM ends a program that hangs.
+    // All flags, among them the one that restarts interrupted calls and the one that removes the
+    // handler after its first run, so that a second SIGTERM ends a program that hangs.
     action.sa_flags = -1;
     return sigaction(SIGTERM, &action, nullptr) > 0 ? 2 : 0;
 }
@@ -121,7 +121,7 @@ void NorvikApplication::loadDictionary()
     const QString name = settings->value("langFile").toString();
     if (!translator.load(name, QLibraryInfo::path(QLibraryInfo::TranslationsPath), QString(),
                          QString())) {
-        // Without a file of this name the interface keeps its own language.
+        // Without a file of this name the interface is not translated.
         [[maybe_unused]] const bool found =
             translator.load(name, QDir::current().absolutePath(), QString(), QString());
     }

@@ -9,8 +9,8 @@ class QSocketNotifier;
 
 namespace Helpers::NQt {
 
-/// The program's application object. Its constructor prepares what the rest takes for granted before
-/// the first window: orderly end on SIGTERM, working directory, translation, images and fonts.
+/// The program's application object. Its constructor prepares what the rest relies on before the
+/// first window: orderly exit on SIGTERM, working directory, translation, images and fonts.
 ///
 /// What cannot be prepared is left out silently: the program starts and draws without it.
 class NorvikApplication : public QtSingleApplication {
@@ -26,7 +26,7 @@ public:
     ~NorvikApplication() override;
 
     /// Installs the SIGTERM handler.
-    /// @return  0; 2 if the system call tells of a failure by a positive number
+    /// @return  0; 2 if the system call reports a failure by a positive number
     static int setup_unix_signal_handlers();
 
 public slots:

@@ -3,7 +3,7 @@
 #include <QColor>
 #include <QStringList>
 
-/// What the pen begins with.
+/// The pen at startup.
 struct PenArguments {
     /// Width in logical pixels.
     int size = 20;
@@ -14,13 +14,13 @@ struct PenArguments {
 
     bool operator==(const PenArguments&) const = default;
 
-    /// Opaque; Qt's invalid colour, which paints black, if a component is out of range.
+    /// Opaque; an invalid QColor, which paints black, if a component is out of range.
     [[nodiscard]] QColor color() const;
 };
 
 /// Reads the positional arguments size, red, green, blue and transparent, whole numbers to base 10.
 ///
-/// Nothing is checked: a text that is not a number counts as 0, a blank one keeps the default, what
-/// follows the fifth is ignored.
+/// Nothing is validated: text that is not a number counts as 0, a blank argument keeps the default,
+/// and anything after the fifth is ignored.
 /// @param arguments  the command line with the program's name first
 [[nodiscard]] PenArguments penArguments(const QStringList& arguments);

@@ -2,8 +2,8 @@
 
 #include <QApplication>
 
-/// An application object that carries the id under which its instances could know each other. It
-/// takes no decision by it: every start is an instance of its own.
+/// An application object that carries the id under which its instances could find each other. It
+/// does not act on the id: every start is an instance of its own.
 class QtSingleApplication : public QApplication {
     Q_OBJECT
 

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// Reads the format of Qt's resource compiler, versions 1 to 3: all numbers have their highest byte first.
+/// Reads the format of Qt's resource compiler, versions 1 to 3. All numbers are big-endian.
 class ResourceTables {
 public:
     explicit ResourceTables(QByteArrayView file)
@@ -18,7 +18,7 @@ public:
         constexpr qint64 headerSize = 20;
         if (!bytes.startsWith("qres") || bytes.size() < headerSize)
             return false;
-        // A folder's children lie in one piece, somewhere after it.
+        // A folder's children are contiguous, somewhere after it.
         qint64 known = 1;
         for (qint64 node = 0; node < known; ++node) {
             if (!holds(nodeAt(node), nodeSize()) || !holdsName(node))

@@ -8,7 +8,7 @@
 StoreOnceShown::StoreOnceShown(QSettings& values, QWidget& window)
     : settings(values)
 {
-    // What has been set asks to be stored at the first turn of the event loop.
+    // Removes QSettings' own request to be stored in the first turn of the event loop.
     QCoreApplication::removePostedEvents(&settings, QEvent::UpdateRequest);
     // Queued: Qt paints before it returns to the event loop.
     connect(&Windowing::NativeWindow::of(window), SIGNAL(exposed()), this, SLOT(store()),

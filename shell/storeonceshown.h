@@ -5,8 +5,9 @@
 class QSettings;
 class QWidget;
 
-/// Stores settings once, when a window's first picture is on the screen: nothing waits for the disk before, and
-/// a run that is killed later has stored them. Those of a window that is never shown are stored at their end.
+/// Stores settings once, when a window's first picture is on the screen: startup does not wait for
+/// the disk, and a run that is killed later has stored them. If the window is never shown,
+/// QSettings stores them when it is destroyed.
 class StoreOnceShown : public QObject {
     Q_OBJECT
 

@@ -6,8 +6,8 @@
 
 namespace Windowing {
 
-/// Does something on a thread of its own, or, where there is none to be had, when its result is asked for. The
-/// future waits for the thread's end, at the latest when it goes.
+/// Runs a task on a thread of its own or, if the system has no thread left, when the result is
+/// asked for. The future's destructor waits for the thread.
 template <typename Task> auto inBackground(Task task) -> std::future<decltype(task())>
 {
     try {

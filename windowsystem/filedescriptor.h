@@ -6,7 +6,7 @@
 
 namespace osUtils {
 
-/// Owns an open file and closes it. Whether opening it succeeded is for the caller to ask.
+/// Owns an open file and closes it. The caller checks whether opening it succeeded.
 class FileDescriptor {
 public:
     FileDescriptor() = default;

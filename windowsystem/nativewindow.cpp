@@ -115,7 +115,8 @@ bool NativeWindow::widgetEvent(QEvent& event)
         break;
     case QEvent::Resize:
         applyOpaque();
-        // The tool's own doing, not the window manager's: another size is another way to cover the screen.
+        // Resized by the tool, not by the window manager: another size is another way to cover the
+        // screen.
         if (widget.isVisible() && !event.spontaneous() && system.isCovered(*window()))
             system.present(*window(), widget.size());
         break;
@@ -132,7 +133,7 @@ bool NativeWindow::windowEvent(QEvent& event)
 {
     switch (event.type()) {
     case QEvent::Show:
-        // It comes before the window is mapped.
+        // Sent before the window is mapped.
         if (system.isCovered(*window()))
             system.bringUp(*window());
         break;
@@ -155,7 +156,7 @@ void NativeWindow::settle()
 {
     system.settle(*window());
     applyAll();
-    // Asked of a window that was not mapped, these were not heard.
+    // Window managers ignore these requests for a window that is not mapped.
     if (aboveAll)
         system.raiseAboveAll(*window());
     if (std::exchange(keyboardWanted, false))

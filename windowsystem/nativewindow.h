@@ -14,40 +14,43 @@ namespace Windowing {
 
 class WindowSystem;
 
-/// The native side of one top-level widget, and the one that watches the events of both.
+/// The native side of one top-level widget. Watches the events of the widget and its native window.
 ///
-/// Remembers the native properties asked for and sets them again whenever the window system may have lost them: in
-/// a new native window, and in the frame that a window manager puts around it when it is mapped. Has an overlay
-/// come up above the desktop's interface, stay there when its tool resizes it, and give the keyboard back.
+/// Remembers the native properties that were asked for and sets them again whenever the window
+/// system may have lost them: on a new native window, and on the frame that a window manager puts
+/// around it when it is mapped. Makes an overlay come up above the desktop's interface, keeps it
+/// there when its tool resizes it, and gives the keyboard back.
 class NativeWindow : public QObject {
     Q_OBJECT
 
 public:
-    /// The one of the window that holds the widget; made, with the native window, on first use.
+    /// The object for the window that holds the widget. Created, with the native window, on first
+    /// use.
     static NativeWindow& of(QWidget& widget);
 
     void setShadow(bool shadow);
     void setIgnoresMouse(bool ignore);
-    /// While the window ignores the mouse, this child of it still catches it, where it is visible and within
-    /// its mask.
+    /// While the window ignores the mouse, this child still catches it where the child is visible
+    /// and within its mask.
     void goOnCatchingMouseOver(QWidget& child);
     void setOpaque(bool opaque);
     void raiseAboveAll();
-    /// Takes it once the window is on the screen; nothing happens while it is hidden. Also where the
-    /// window manager has just taken the keyboard from a dialog that was closed, or leaves it with
-    /// another program although the window is new.
+    /// Takes the keyboard once the window is on the screen; nothing happens while it is hidden.
+    /// Works even if the window manager has just taken the keyboard from a dialog that was closed,
+    /// or leaves it with another program although the window is new.
     void takeKeyboard();
 
 signals:
-    /// The window is on the screen for the first time since it was shown, the window manager's frames around it.
+    /// The window is on the screen for the first time since it was shown, with the window manager's
+    /// frames around it.
     void exposed();
 
 protected:
-    /// At most one for a top-level widget: of() yields it.
+    /// At most one for each top-level widget: of() returns it.
     explicit NativeWindow(QWidget& topLevel);
 
-    /// What the widget, or its native window, is told.
-    /// @return  whether nobody else shall be told
+    /// Handle the events of the widget and of its native window.
+    /// @return  whether to hide the event from everybody else
     virtual bool widgetEvent(QEvent& event);
     virtual bool windowEvent(QEvent& event);
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -76,7 +79,7 @@ private:
     bool settled = false;
 };
 
-/// Where those of the widgets that are visible children of the window lie, by their places and masks.
+/// The area of those widgets that are visible children of the window, by their geometry and masks.
 /// @return  in device pixels and window coordinates
 [[nodiscard]] QRegion childRegion(const QWidget& window, const QList<QPointer<QWidget>>& widgets);
 

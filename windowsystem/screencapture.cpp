@@ -12,8 +12,8 @@ ScreenCapture::ScreenCapture(QScreen& captured)
 
 void ScreenCapture::begin()
 {
-    // A grab without a size ends exactly at the screen's edge. One with a size is rounded from logical
-    // pixels and can miss the last column at a fractional ratio.
+    // A grab without a size ends exactly at the screen's edge. One with a size is rounded from
+    // logical pixels and can miss the last column at a fractional ratio.
     if (screen && grabbed.isNull())
         grabbed = screen->grabWindow(0).toImage();
     grabbed.setDevicePixelRatio(1.0);

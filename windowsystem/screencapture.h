@@ -9,8 +9,8 @@ class QWindow;
 
 namespace Windowing {
 
-/// What one screen shows, pixel for pixel. This one is Qt's own grab, which is there at once; a window system
-/// that knows a faster way takes the picture while the program does something else.
+/// What one screen shows, pixel for pixel. This class is Qt's own grab, which returns at once; a
+/// window system with a faster way takes the picture while the program does something else.
 class ScreenCapture {
 public:
     explicit ScreenCapture(QScreen& screen);
@@ -21,23 +21,26 @@ public:
     /// The screen's place on the desktop, in device pixels.
     [[nodiscard]] QPoint origin() const { return topLeft; }
 
-    /// Has the picture taken, and returns while it is on its way.
+    /// Starts taking the picture and returns without waiting for it.
     virtual void begin();
-    /// Begins if nobody has, and waits until the screen may show something new that shall not be on it.
+    /// Begins if that has not been done, and waits until new windows on the screen can no longer
+    /// get into the picture.
     virtual void secure();
-    /// The picture, with a device pixel ratio of 1; null if the window system refuses it. To be secured before.
+    /// The picture, with a device pixel ratio of 1; null if the window system refuses it. To be
+    /// called after secure().
     [[nodiscard]] virtual QImage image();
 
-    /// The picture as it can be painted on an opaque window before it is complete: the byte that no colour uses
-    /// may be anything. Saves a tenth of the start at 4K (9 ms) and a sixth at 8K (17 ms). Null where image() is as
-    /// fast.
+    /// The picture before it is complete, fit to be painted on an opaque window: the byte of each
+    /// pixel that holds no colour may be anything. Saves a tenth of the start at 4K (9 ms) and a
+    /// sixth at 8K (17 ms). Null where image() is as fast.
     [[nodiscard]] virtual QImage draft() const { return {}; }
-    /// Completes the picture in the background; nobody may use a draft from here on.
+    /// Completes the picture in the background; drafts must not be used from here on.
     virtual void complete() { }
 
-    /// Has the window system copy a part of the picture to a window by itself, where it lies in memory that both
-    /// can read.
-    /// @param picture  what shall be shown, which need not be the captured one any more; null for that
+    /// Lets the window system itself copy a part of the picture to a window, if the picture lies in
+    /// memory that both can read.
+    /// @param picture  what to show, which may no longer be the captured picture; null for the
+    ///                 latter
     /// @param region  in device pixels of the window
     /// @return  false if it cannot, and nothing is copied
     [[nodiscard]] virtual bool show(const QImage& picture, const QWindow& window,

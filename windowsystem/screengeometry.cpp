@@ -69,7 +69,7 @@ QSize coveringSize(QSize device, qreal ratio)
 
 std::optional<QRect> monitorOf(const QRect& screen, qreal ratio, const QList<QRect>& monitors)
 {
-    // Several monitors can begin at the same place: one may show a part of what the other shows.
+    // Several monitors can begin at the same place: one may show a part of what another shows.
     const auto found =
         std::find_if(monitors.begin(), monitors.end(), [&screen, ratio](const QRect& monitor) {
             return monitor.topLeft() == screen.topLeft()

@@ -40,7 +40,7 @@ WindowSystem* presentOne(const QGuiApplication& application)
 WindowSystem& install(std::unique_ptr<WindowSystem> system, QGuiApplication& application)
 {
     system->setParent(&application);
-    // No call tells of the dialogs, and the overlays, that a tool opens by itself.
+    // Tools open dialogs and overlays by themselves; only their events show it.
     application.installEventFilter(system.get());
     return *system.release();
 }

@@ -4,7 +4,7 @@
 
 namespace Windowing {
 
-/// A platform of which nothing is known: Qt's own ways, and nothing where it has none.
+/// An unknown platform: does what Qt can do everywhere, and nothing else.
 class NoWindowSystem : public WindowSystem {
 public:
     [[nodiscard]] std::optional<QRect> deviceGeometry(const QScreen& screen) const override;

@@ -21,13 +21,14 @@ constexpr QByteArrayView wmWindowType = "_NET_WM_WINDOW_TYPE";
 constexpr QByteArrayView wmWindowTypeDock = "_NET_WM_WINDOW_TYPE_DOCK";
 constexpr QByteArrayView wmWindowTypeNormal = "_NET_WM_WINDOW_TYPE_NORMAL";
 constexpr QByteArrayView wmWindowTypeNotification = "_NET_WM_WINDOW_TYPE_NOTIFICATION";
-/// Where compositors need not look for what shines through.
+/// Where compositors need not draw what lies beneath the window.
 constexpr QByteArrayView wmOpaqueRegion = "_NET_WM_OPAQUE_REGION";
 
-/// Read by picom (and its forerunner, whose name it bears), from the window manager's outermost frame.
+/// Read by picom from the window manager's outermost frame; named after compton, which it was
+/// forked from.
 constexpr QByteArrayView picomShadow = "_COMPTON_SHADOW";
-/// Read by the compositors of mutter and metacity: with invisible borders of no width there is none to put
-/// a shadow around.
+/// Read by the compositors of mutter and metacity: invisible borders of width 0 leave nothing to
+/// put a shadow around.
 constexpr QByteArrayView frameExtents = "_GTK_FRAME_EXTENTS";
 
 /// The numbers of names at a server. It is asked for all that are known to be wanted at once, and for each once: one

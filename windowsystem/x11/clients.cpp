@@ -32,8 +32,7 @@ using X11::PropertyReply;
 namespace {
 
 using namespace std::chrono_literals;
-// Long enough for a distant server (a handful of round trips), short enough for a window that
-// waits.
+// Long enough for a distant server (a handful of round trips), short enough for a user who waits.
 constexpr auto longestWait = 3s;
 
 std::string hostName()
@@ -112,7 +111,8 @@ public:
         if (!active.empty() && active.front() == XCB_WINDOW_NONE)
             return std::nullopt;
         auto process = active.empty() ? std::nullopt : read(askOwner(active.front()));
-        // It may be gone by now. The manager's own windows have the keys where no other has.
+        // The window may be gone by now. The window manager's own windows have the keyboard when no
+        // other window has it.
         if (!process) {
             process = processAround(windowWithKeys(connection, root));
             if (process == read(askOwner(manager)))
@@ -147,7 +147,8 @@ public:
     }
 
 private:
-    /// Questions under way: on a distant server every wait counts. All are to be read.
+    /// Requests under way, sent together since each wait counts on a distant server. Every reply
+    /// must be read.
     struct OwnerCookies {
         xcb_window_t window;
         xcb_get_property_cookie_t id;
@@ -204,7 +205,8 @@ private:
         const PropertyReply id = replyTo(cookies.id);
         const PropertyReply machine = replyTo(cookies.machine);
         const auto owner = serverKnowsProcesses ? processOf(cookies.client) : std::nullopt;
-        // The number of a window that is gone is one of a client that lives, or of another by now.
+        // The id of a window that is gone may belong to a client that is alive, or to another one
+        // by now.
         if (owner && machine)
             return owner;
         return toldProcess(id, machine);
@@ -212,7 +214,7 @@ private:
 
     [[nodiscard]] std::optional<int> processAround(xcb_window_t window) const
     {
-        // Keys often go to a child of the window that tells its process.
+        // The keyboard focus is often on a child of the window that names its process.
         for (; window != XCB_WINDOW_NONE && window != root; window = parentOf(connection, window)) {
             if (const std::optional<int> process = read(askOwner(window)))
                 return process;
@@ -235,8 +237,8 @@ xcb_window_t rootWindow(xcb_connection_t* connection, int screen)
     return screens.data->root;
 }
 
-/// Leaves the process's signals to its other threads, and keeps a connection that breaks while it
-/// is written to from ending the process.
+/// Leaves the process's signals to its other threads, and keeps SIGPIPE from a broken connection
+/// from ending the process.
 void blockSignals()
 {
     sigset_t all;
@@ -244,9 +246,9 @@ void blockSignals()
     pthread_sigmask(SIG_BLOCK, &all, nullptr);
 }
 
-/// Does what may never end on a thread of its own, and gives it up after a time. Until that has
-/// ended nothing else is begun, so that neither time nor threads are lost.
-/// @return  whether it is done
+/// Runs work that may never end on a thread of its own and gives up on it after a while. Until that
+/// thread has ended nothing new is started, so that neither time nor threads are lost.
+/// @return  whether the work is done
 bool isDoneInTime(const std::function<void()>& work)
 {
     static std::mutex guard;
@@ -272,7 +274,7 @@ bool isDoneInTime(const std::function<void()>& work)
     return false;
 }
 
-/// What a question to a screen's windows gives; nothing where there is no server.
+/// The answer to a question about a screen's windows; empty where there is no server.
 template <typename Question> auto ask(Question question)
 {
     using Answer = std::invoke_result_t<Question, const XWindows&>;

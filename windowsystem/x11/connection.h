@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-/// What all that speaks to the X server has in common.
+/// What all code that talks to the X server has in common.
 namespace Windowing::X11 {
 
 /// Qt's own connection; null where Qt does not run on an X server, or not at all.
@@ -17,14 +17,14 @@ namespace Windowing::X11 {
 /// The root window of a server's first screen.
 [[nodiscard]] xcb_window_t rootWindow(xcb_connection_t* server);
 
-/// That of Qt's connection, which it needs.
+/// The root window on Qt's connection, which must exist.
 [[nodiscard]] xcb_window_t rootWindow();
 
 struct FreeReply {
     void operator()(void* reply) const { std::free(reply); }
 };
 
-/// A server's reply, which XCB allocates and the caller frees; null if there is none.
+/// A reply, allocated by XCB and freed with this pointer; null if there is none.
 template <typename Reply> using ReplyPointer = std::unique_ptr<Reply, FreeReply>;
 
 /// Waits for the reply to a request.
@@ -43,7 +43,7 @@ struct Disconnect {
 /// A connection besides Qt's, for a program that has none.
 using OwnConnection = std::unique_ptr<xcb_connection_t, Disconnect>;
 
-/// A region as the server's requests have it.
+/// A region in the form that X11 requests take.
 /// @param region  in device pixels
 [[nodiscard]] std::vector<xcb_rectangle_t> x11Rectangles(const QRegion& region);
 

@@ -20,8 +20,8 @@ ExactPlace::ExactPlace(QWindow& placed, const QRect& exactPlace)
 
 void ExactPlace::insist()
 {
-    // Qt sets the hints when it maps the window, with steps of one logical pixel, and xfwm4 (seen in 4.18)
-    // rounds the size down to them.
+    // When Qt maps the window it sets size hints in steps of one logical pixel, and xfwm4 (seen in
+    // 4.18) rounds the size down to a step.
     allowAnySize(window.winId());
     setGeometry(window.winId(), place);
 }

@@ -6,11 +6,11 @@
 
 namespace Windowing::X11 {
 
-/// Keeps a window that is mapped invisible until the window manager has put it into its place inside the frame that it
-/// has made for it. Without a window manager it shows when it is mapped.
+/// Keeps a mapped window invisible until the window manager has moved it into place inside the
+/// frame that it made for it. Without a window manager the window shows when it is mapped.
 ///
-/// A window without background is see-through until its first paint: while it comes up the screen stays as it is. Moved
-/// meanwhile, it would take along what has shown through.
+/// A window without a background is see-through until its first paint, so the screen stays as it is
+/// while the window comes up. If it were moved meanwhile, it would take along what shows through.
 class HiddenUntilPlaced : public QObject, public QAbstractNativeEventFilter {
     Q_OBJECT
 

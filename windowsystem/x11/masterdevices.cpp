@@ -20,7 +20,7 @@ bool hasInputExtension()
     return extension && extension->present;
 }
 
-/// What this client wants to hear of all devices.
+/// The events that this client selects on all devices.
 EventMask eventsOfAllDevices(xcb_window_t window)
 {
     const auto cookie = xcb_input_xi_get_selected_events(connection(), window);
@@ -36,7 +36,7 @@ EventMask eventsOfAllDevices(xcb_window_t window)
     return {};
 }
 
-/// Adds a selection as the request has it: the device and the length in four bytes, then the events.
+/// Appends a selection in the request's format: device and length in four bytes, then the events.
 void add(QList<uint32_t>& selections, xcb_input_device_id_t device, const EventMask& events)
 {
     const xcb_input_event_mask_t header{device, static_cast<uint16_t>(events.size())};
@@ -65,7 +65,7 @@ void hearMasterDevicesOnly(WId id)
     const auto cookie = xcb_input_xi_select_events_checked(
         connection(), window, count,
         reinterpret_cast<const xcb_input_event_mask_t*>(selections.data()));
-    // So that Qt does not report the error where the window is gone.
+    // Qt would report the error if the window is gone.
     xcb_discard_reply(connection(), cookie.sequence);
     xcb_flush(connection());
 }

@@ -30,7 +30,7 @@ QList<QRect> askForMonitors()
     return places;
 }
 
-/// Forgets the monitors when Qt, whose screens they are compared with, is told of a change.
+/// Forgets the monitors when Qt is told of a change, since they are compared with Qt's screens.
 class KnownMonitors : private QAbstractNativeEventFilter {
 public:
     explicit KnownMonitors(uint8_t extensionsFirstEvent);
@@ -70,7 +70,7 @@ bool KnownMonitors::nativeEventFilter(const QByteArray& /*eventType*/, void* mes
 
 QList<QRect> monitors()
 {
-    // A request to an extension that is not there would close the connection.
+    // A request to a missing extension would close the connection.
     const xcb_query_extension_reply_t* randr = xcb_get_extension_data(connection(), &xcb_randr_id);
     if (!randr || !randr->present)
         return {};

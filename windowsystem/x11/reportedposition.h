@@ -7,16 +7,18 @@
 
 namespace Windowing::X11 {
 
-/// Has Qt believe a window where it was last said to be, until its frame is on the screen.
+/// Makes Qt believe that a window is where it was last reported to be, until its frame is on the
+/// screen.
 ///
-/// The server's notices tell the place inside the parent, and so Qt asks the server where that is on the screen.
-/// By then the window manager may have put a frame around the window that it has yet to move to its place. If another
-/// monitor is there, Qt goes over to its scale factor and back, and may miss the way back.
+/// The server's notices give the position inside the parent, so Qt asks the server where that is on
+/// the screen. By then the window manager may have put a frame around the window without having
+/// moved it into place yet. If the frame is on another monitor, Qt switches to that monitor's scale
+/// factor and back, and may miss the way back.
 class ReportedPosition : public QObject, public QAbstractNativeEventFilter {
     Q_OBJECT
 
 public:
-    /// Works on the window as long as it lives, and belongs to it. It is not mapped yet.
+    /// Works as long as the window lives, and belongs to it. The window is not mapped yet.
     explicit ReportedPosition(QWindow& window);
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;

@@ -12,7 +12,7 @@ namespace Windowing::X11 {
 
 namespace {
 
-// What the server must be told before it takes any other request of the extension.
+// The server must be told a version before any other request of the extension.
 bool agreeOnXFixes()
 {
     const auto cookie =
@@ -54,12 +54,12 @@ bool SelectionWatch::nativeEventFilter(const QByteArray& /*eventType*/, void* me
     const auto* event = static_cast<const xcb_generic_event_t*>(message);
     if ((event->response_type & ~sentByAClient) == notifyEvent) {
         const auto* notify = reinterpret_cast<const xcb_xfixes_selection_notify_event_t*>(event);
-        // Qt watches some selections too: each change may be told more than once.
+        // Qt watches some selections too, so a change may be reported more than once.
         const bool before = wasOwned;
         if (notify->selection == selection && !hasOwner() && before)
             emit lost();
     }
-    // Qt has a look at it too.
+    // Qt handles the event too.
     return false;
 }
 

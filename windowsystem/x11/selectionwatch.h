@@ -5,10 +5,11 @@
 
 namespace Windowing::X11 {
 
-/// Watches who owns one of the X server's selections. Session-wide services, a compositor for one,
-/// show by a selection of their own that they run.
+/// Watches who owns one of the X server's selections. A session-wide service, such as a compositor,
+/// shows that it runs by owning a selection.
 ///
-/// Needs the X11 platform and the server's XFixes extension; without it the loss goes unnoticed.
+/// Needs the X11 platform and the server's XFixes extension; without the latter a loss goes
+/// unnoticed.
 class SelectionWatch : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 
@@ -19,7 +20,7 @@ public:
     [[nodiscard]] bool hasOwner();
 
 signals:
-    /// The selection had an owner, as events or hasOwner() have told, and has none now.
+    /// The selection had an owner, as events or hasOwner() showed, and has none now.
     void lost();
 
 private:

@@ -39,8 +39,8 @@ bool hasWidePixels(const xcb_setup_t& setup)
     return false;
 }
 
-/// Whether memory can be handed over, which needs a socket of this machine. One that knows the extension but
-/// not that request reports an error.
+/// Whether memory can be handed over, which needs a local socket. A server that knows the extension
+/// but not this request reports an error.
 bool takesMemory()
 {
     sockaddr_storage address{};
@@ -94,7 +94,7 @@ SharedPixels::SharedPixels(QSize size)
     if (mapped == MAP_FAILED)
         return;
     memory = mapped;
-    // XCB closes what it has sent.
+    // XCB closes the descriptor after sending it.
     const int descriptor = fcntl(file.number(), F_DUPFD_CLOEXEC, 0);
     if (descriptor < 0)
         return;
@@ -105,7 +105,7 @@ SharedPixels::SharedPixels(QSize size)
 
 SharedPixels::~SharedPixels()
 {
-    // Without a connection the server has given it up.
+    // Without a connection the server has already detached the memory.
     if (xcb_connection_t* server = number == XCB_NONE ? nullptr : connection())
         xcb_discard_reply(server, xcb_shm_detach_checked(server, number).sequence);
     if (memory)
@@ -130,8 +130,8 @@ bool SharedPixels::isTaken() const
 
 void SharedPixels::makeOpaque()
 {
-    // In steps: other threads that map memory meanwhile are held up for some microseconds only. A system that
-    // does not know the request (Linux before 5.14) maps the pages one by one.
+    // In steps, so that other threads that map memory meanwhile are held up for only some
+    // microseconds. A kernel without this request (Linux before 5.14) maps the pages one by one.
     constexpr size_t step = size_t{64} * 1024;
     for (size_t at = 0; at < byteCount(); at += step)
         madvise(static_cast<std::byte*>(memory) + at, std::min(step, byteCount() - at),

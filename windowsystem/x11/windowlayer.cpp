@@ -9,8 +9,8 @@ namespace Windowing::X11 {
 
 namespace {
 
-// They move an overlay that is smaller than the screen into the work area, beside the panels,
-// whatever its type; not so a dock. GNOME Shell manages windows by mutter.
+// Whatever its type, they move an overlay that is smaller than the screen into the work area,
+// beside the panels, unless it is a dock. GNOME Shell manages windows by mutter.
 constexpr std::array keepingOthersInWorkArea{"openbox", "metacity", "marco", "mutter",
                                              "gnome shell"};
 
@@ -33,11 +33,12 @@ WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
 {
     const QByteArray name = windowManager.toByteArray().toLower();
     // Xfwm4 (seen in 4.18) takes a full-screen window out of the above layer, whatever the order of
-    // the requests, and always-on-top windows then show over it. Its docks stay above all.
+    // the requests, so that always-on-top windows show over it. Its docks stay above everything.
     if (name.contains("xfwm"))
         return {WindowLayer::Type::Dock, false};
-    // Fluxbox (seen in 1.3.5) lifts whatever gets the keyboard above a full-screen window, so above
-    // the palette of an overlay that lets the mouse through. Always on top, it is above panels too.
+    // Fluxbox (seen in 1.3.5) lifts whatever gets the keyboard above a full-screen window, and so
+    // above the palette of an overlay that lets the mouse through. An always-on-top window is above
+    // panels too.
     if (isFluxbox(name))
         return {WindowLayer::Type::Notification, false};
     if (!coversScreen && containsAny(name, keepingOthersInWorkArea))
@@ -51,14 +52,14 @@ WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen)
 
 bool keepsTopWindowsAbovePanels(QByteArrayView windowManager)
 {
-    // Seen in xfwm4 4.18, fluxbox 1.3.5 and kwin 5.27: their layer is above the docks'.
+    // Seen in xfwm4 4.18, fluxbox 1.3.5 and kwin 5.27: the always-on-top layer is above the docks.
     return containsAny(windowManager.toByteArray().toLower(), keepingTopWindowsAbovePanels);
 }
 
 bool movesNewWindows(QByteArrayView windowManager)
 {
-    // Fluxbox (seen in 1.3.5) puts every window below a title bar, takes that away where none is wanted,
-    // shows the window, and moves it up at last.
+    // Fluxbox (seen in 1.3.5) places every window below a title bar, removes the title bar where
+    // none is wanted, shows the window, and only then moves it up.
     return isFluxbox(windowManager.toByteArray().toLower());
 }
 

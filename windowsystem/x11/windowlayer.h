@@ -2,17 +2,17 @@
 
 #include <QByteArrayView>
 
-/// The place of a window in the window manager's stacking order, decided from what is known of the
-/// window manager.
+/// The place of a window in the window manager's stacking order, which depends on the window
+/// manager.
 namespace Windowing::X11 {
 
 /// How a window asks to lie above everything else.
 struct WindowLayer {
-    /// The names of the window type property's values.
+    /// Values of the window type property.
     enum class Type { Normal, Notification, Dock };
 
     Type type = Type::Notification;
-    /// Whether it asks for the full-screen state as well.
+    /// Whether to ask for the full-screen state as well.
     bool fullScreen = false;
 
     bool operator==(const WindowLayer&) const = default;
@@ -23,11 +23,12 @@ struct WindowLayer {
 /// @param coversScreen  whether the window is exactly as large as a screen and lies on it
 [[nodiscard]] WindowLayer coveringLayer(QByteArrayView windowManager, bool coversScreen);
 
-/// Whether the window manager keeps always-on-top windows above panels, however far they are lowered.
+/// Whether the window manager keeps always-on-top windows above panels, however far they are
+/// lowered.
 /// @param windowManager  as above
 [[nodiscard]] bool keepsTopWindowsAbovePanels(QByteArrayView windowManager);
 
-/// Whether the window manager shows a new window first and then moves it into its place.
+/// Whether the window manager shows a new window first and moves it into place afterwards.
 /// @param windowManager  as above
 [[nodiscard]] bool movesNewWindows(QByteArrayView windowManager);
 

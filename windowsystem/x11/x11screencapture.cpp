@@ -57,7 +57,7 @@ void X11ScreenCapture::begin()
     if (state != State::Prepared)
         return;
     state = State::Begun;
-    // The server's answer has come by now.
+    // Does not wait: the server has answered by now.
     if (!pixels || !pixels->isTaken())
         return;
     request = inBackground([isReserved = reserved, where = place, segment = pixels->segment()] {

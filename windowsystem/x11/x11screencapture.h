@@ -11,14 +11,15 @@
 
 namespace Windowing::X11 {
 
-/// The X server writes the picture to memory that it shares with the program, while that goes on with its start;
-/// where it cannot, the picture comes through the connection, and where its pixels are not Qt's, by Qt.
+/// The X server writes the picture to memory that it shares with the program, while the program
+/// goes on starting. Where that is impossible the picture comes through the connection, and where
+/// the server's pixel layout is not Qt's, by Qt.
 ///
-/// From construction on the memory is made ready, which does not keep the server busy. From begin() on the server
-/// answers nobody until the picture is written.
+/// The constructor starts preparing the memory, which does not keep the server busy. After begin()
+/// the server answers no requests until the picture is written.
 class X11ScreenCapture : public ScreenCapture {
 public:
-    /// @param place  of the screen, in device pixels
+    /// @param place  the screen's, in device pixels
     X11ScreenCapture(QScreen& screen, const QRect& place);
 
     void begin() override;

@@ -62,7 +62,7 @@ QByteArray windowManagerName()
 void setWindowLayer(WId window, const WindowLayer& layer)
 {
     using Type = WindowLayer::Type;
-    // The standard's order of preference: a window manager takes the first type that it knows.
+    // In the standard's order of preference: a window manager takes the first type that it knows.
     std::vector<xcb_atom_t> types;
     if (layer.type != Type::Normal)
         types.push_back(
@@ -128,14 +128,14 @@ void stopKeepingAbove(WId window)
 
 void activate(WId window)
 {
-    // Source 2 is the user. Time 0 is that of the request: a time of the last event would be older than
-    // the window manager's own change of the focus, and the server would ignore it.
+    // Source 2 is the user. Time 0 means the time of the request: the time of the last event would
+    // be older than the window manager's own focus change, and the server would ignore the request.
     askWindowManager(window, activeWindow, {2, 0});
-    // Xfwm4 (seen in 4.18) takes a dock for focused already when its dialog is gone, and the keyboard
-    // is nobody's. Where no window manager runs, nobody hears the request.
+    // Xfwm4 (seen in 4.18) considers a dock focused as soon as its dialog is gone, and nobody has
+    // the keyboard. Without a window manager nobody handles the request above.
     const auto cookie = xcb_set_input_focus_checked(connection(), XCB_INPUT_FOCUS_PARENT,
                                                     toWindow(window), XCB_CURRENT_TIME);
-    // So that Qt does not report the error where the window is gone or not on the screen.
+    // Qt would report the error if the window is gone or not on the screen.
     xcb_discard_reply(connection(), cookie.sequence);
     xcb_flush(connection());
 }

@@ -15,8 +15,7 @@
 
 /// Properties of X11 windows that Qt does not set, over Qt's own connection.
 ///
-/// Every function needs the X11 platform. Errors (a window that is gone) are the
-/// server's to ignore: nothing is reported.
+/// Every function needs the X11 platform. Errors, such as a window that is gone, are not reported.
 namespace Windowing::X11 {
 
 /// Name that the running window manager announces; empty when none runs.
@@ -26,33 +25,33 @@ namespace Windowing::X11 {
 /// to Qt.
 void setWindowLayer(WId window, const WindowLayer& layer);
 
-/// Gives a window a place and a size past Qt's rounding.
+/// Sets a window's place and size, bypassing Qt's rounding.
 /// @param geometry  in device pixels, seen from the root window
 void setGeometry(WId window, const QRect& geometry);
 
-/// Where a window's top-left corner is seen from the root window, in device pixels.
+/// A window's top-left corner seen from the root window, in device pixels.
 [[nodiscard]] QPoint positionOnDesktop(WId window);
 
 /// Whether the window and all the frames around it are mapped.
 [[nodiscard]] bool isMappedWithFrames(WId window);
 
-/// Takes back the hint that the window's size goes in steps.
+/// Removes the hint that the window's size changes in steps.
 void allowAnySize(WId window);
 
 /// Asks the window manager to keep a mapped window above others.
 void keepAbove(WId window);
 
-/// Takes that request back.
+/// Withdraws that request.
 void stopKeepingAbove(WId window);
 
-/// Gives a window, of whatever program, the keyboard, and tells the window manager that the user
-/// wants it. Nothing happens if it is gone or not on the screen.
+/// Gives the keyboard to a window of any program, and tells the window manager that the user wants
+/// it. Nothing happens if the window is gone or not on the screen.
 void activate(WId window);
 
 /// The window that gets the keys; 0 if none does.
 [[nodiscard]] WId focusedWindow();
 
-/// Asks once more for a size that the window manager may have refused.
+/// Asks again for a size that the window manager may have refused.
 /// @param size  in device pixels
 void requestSize(WId window, QSize size);
 
@@ -64,11 +63,11 @@ void deleteProperty(WId window, QByteArrayView property);
 /// the root.
 [[nodiscard]] std::vector<WId> windowAndFrames(WId window);
 
-/// Limits the mouse input of a window to a region, in device pixels and window coordinates; none
-/// gives the whole window back. Takes effect at once, without mapping the window anew.
+/// Limits a window's mouse input to a region, in device pixels and window coordinates; no value
+/// restores the whole window. Takes effect at once, without mapping the window anew.
 void setInputShape(WId window, const std::optional<QRegion>& region);
 
-/// The same for what can be seen of the window.
+/// Limits the visible part of a window in the same way.
 void setVisibleShape(WId window, const std::optional<QRegion>& region);
 
 }

@@ -20,16 +20,16 @@ namespace Windowing::X11 {
 
 namespace {
 
-/// As Qt asks for it, in device pixels.
+/// The size that Qt requests, in device pixels.
 QSize deviceSize(const QWindow& window)
 {
     return (QSizeF(window.size()) * window.devicePixelRatio()).toSize();
 }
 
-// Fixed-size hints: a window manager that fits or maximises new windows leaves this one as it is.
+// Fixed-size hints keep window managers from fitting or maximising the new window.
 void fixSize(QWindow& window, QSize size)
 {
-    // The largest first: Qt 6.8.2 keeps a window within the limits that it has, 6.4.2 does not.
+    // The maximum first: Qt 6.8.2 keeps a window within its present limits, 6.4.2 does not.
     window.setMaximumSize(size);
     window.setMinimumSize(size);
 }
@@ -42,9 +42,9 @@ bool isOurs(WId id)
     });
 }
 
-// Xfwm4 (seen in 4.18) and marco (1.26) hand the keyboard to the topmost window, an always-on-top
-// one, and without a window manager nobody has it. The others know better than we do: kwin (5.27)
-// would show panels above a full-screen program that has got the keyboard from us.
+// Xfwm4 (seen in 4.18) and marco (1.26) hand the keyboard to the topmost window, even an
+// always-on-top one, and without a window manager nobody gets it. The others choose better: kwin
+// (5.27) would show panels above a full-screen program that got the keyboard from us.
 bool handsKeyboardToSomebodyElse(const QByteArray& windowManager)
 {
     const QByteArray name = windowManager.toLower();
@@ -80,7 +80,7 @@ void X11WindowSystem::bringUp(QWindow& window)
     rememberKeyboard();
     const QByteArray windowManager = windowManagerName();
     present(window, window.size(), windowManager);
-    // While the window manager brings it up.
+    // Needed until the window manager has brought the window up.
     delete window.findChild<ReportedPosition*>(QString(), Qt::FindDirectChildrenOnly);
     new ReportedPosition(window);
     if (movesNewWindows(windowManager))
@@ -90,7 +90,7 @@ void X11WindowSystem::bringUp(QWindow& window)
 void X11WindowSystem::present(QWindow& window, QSize size)
 {
     present(window, size, windowManagerName());
-    // Release() has taken it down.
+    // release() may have lowered it.
     keepAbove(window.winId());
     window.raise();
 }
@@ -114,11 +114,11 @@ void X11WindowSystem::present(QWindow& window, QSize size, const QByteArray& win
     if (layer.fullScreen)
         return;
     places[&window] = window.geometry();
-    // A shown overlay that its tool has resized: with the hints of its old size it was held to that.
+    // The size hints held a visible overlay to its old size when its tool resized it.
     requestSize(window.winId(), place ? place->size() : deviceSize(window));
 }
 
-// Where Qt's sizes reach beyond the edge of the screen: by a part of a logical pixel.
+// For screens where Qt's size reaches beyond the edge by a fraction of a logical pixel.
 void X11WindowSystem::fitExactly(QWindow& window, const QRect& place) const
 {
     if (deviceSize(window) == place.size())
@@ -141,22 +141,24 @@ void X11WindowSystem::release(QWindow& window)
     window.setMaximumSize(QSize(unlimited, unlimited));
     setWindowLayer(window.winId(), {WindowLayer::Type::Normal, false});
     window.setWindowStates(Qt::WindowNoState);
-    // Openbox (seen in 3.6) takes whatever covers the screen and has the keyboard for full-screen.
+    // Openbox (seen in 3.6) treats any window that covers the screen and has the keyboard as
+    // full-screen.
     if (coveredScreen(window))
         requestSize(window.winId(), deviceSize(window) - QSize(0, 1));
     if (keepsTopWindowsAbovePanels(windowManagerName())) {
-        // Not lowered: it would lie below all other windows, and xfwm4 would pass on the keyboard.
+        // Not lowered: it would end up below all other windows, and xfwm4 would pass on the
+        // keyboard.
         stopKeepingAbove(window.winId());
         return;
     }
-    // It stays on top of other windows, where some window managers keep panels, too.
+    // It stays in the always-on-top layer, where some window managers keep panels, too.
     window.lower();
 }
 
 void X11WindowSystem::settle(QWindow& window)
 {
-    // I3 (seen in 4.22) takes the corner of the desktop for no place at all and puts the window into
-    // the middle. Once it is mapped, a request is heard.
+    // i3 (seen in 4.22) reads the desktop's corner as no position at all and centres the window.
+    // Once the window is mapped, i3 heeds a request.
     const auto place = places.extract(&window);
     if (!place.empty() && window.geometry() != place.mapped())
         window.setGeometry(place.mapped());
@@ -191,8 +193,8 @@ void X11WindowSystem::setShadow(const QWindow& window, bool shadow) const
 void X11WindowSystem::setInputRegion(const QWindow& window,
                                      const std::optional<QRegion>& region) const
 {
-    // The frames as well: in fluxbox they catch the clicks that the window lets through. They are of
-    // the same size, the window being frameless.
+    // The frames as well: in fluxbox they catch the clicks that the window lets through. They have
+    // the window's size, since the window is frameless.
     for (const WId level : windowAndFrames(window.winId()))
         setInputShape(level, region);
 }
@@ -244,15 +246,16 @@ void X11WindowSystem::reportPointerOnce(const QWindow& window) const
 
 QPoint X11WindowSystem::cursorHotSpot(QPoint hotSpot, qreal ratio) const
 {
-    // The plug-in (seen in Qt 6.4.2 and 6.8.2) hands the image on in its own pixels and leaves the hot spot
-    // unscaled. The end-to-end tests of cursors fail when a later one scales it.
+    // Qt's xcb plug-in (seen in 6.4.2 and 6.8.2) passes the image on in its own pixels but leaves
+    // the hot spot unscaled. The end-to-end tests of cursors fail once a later version scales it.
     return hotSpot * ratio;
 }
 
 bool X11WindowSystem::hasCompositor() const
 {
     if (!compositor) {
-        // By the Extended Window Manager Hints a compositor owns it for as long as it runs.
+        // The Extended Window Manager Hints: a compositor owns this selection for as long as it
+        // runs.
         compositor = std::make_unique<SelectionWatch>("_NET_WM_CM_S0");
         connect(compositor.get(), SIGNAL(lost()), this, SIGNAL(compositorEnded()));
     }

@@ -10,7 +10,7 @@
 
 namespace Windowing::X11 {
 
-/// X11, with or without window manager and compositor.
+/// X11, with or without a window manager and a compositor.
 class X11WindowSystem : public WindowSystem {
 public:
     [[nodiscard]] std::optional<QRect> deviceGeometry(const QScreen& screen) const override;
@@ -38,7 +38,8 @@ private:
     void fitExactly(QWindow& window, const QRect& place) const;
     void rememberKeyboard();
 
-    /// The window of another program that had the keyboard before an overlay took it; 0 if none had.
+    /// The window of another program that had the keyboard before an overlay took it; 0 if none
+    /// had.
     WId keyboardLender = 0;
     /// Where overlays that have not settled yet belong, in logical pixels.
     std::map<const QWindow*, QRect> places;
