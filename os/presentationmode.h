@@ -9,8 +9,9 @@ namespace osUtils::System {
 ///
 /// In mode 3 the process's frameless stay-on-top windows lie above panels, docks and other
 /// programs' always-on-top windows, those shown already as well as those shown later; its own
-/// dialogs and pop-ups still open above them. Other modes leave the windows to the window manager, and give
-/// panels and docks back where one is shown. Nothing happens before there is an application object.
+/// dialogs and pop-ups still open above them. Other modes leave the windows to the window manager,
+/// and give panels and docks back where one is shown. Nothing happens before there is an
+/// application object.
 /// @param options  further options of the desktop; none exist here
 void setSystemUIMode(int mode, int options);
 

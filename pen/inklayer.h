@@ -13,8 +13,8 @@ namespace VcAction::Frame {
 /// Lasting ink on a transparent layer, for a frame without a picture to draw into: freehand strokes
 /// and shapes, dragged out from begin() to end(). Knows nothing of windows and mice.
 ///
-/// Points and areas are in the frame's logical pixels. What is under way keeps the style that it was
-/// begun with; colour, width and opacity count from the next piece on.
+/// Points and areas are in the frame's logical pixels. What is under way keeps the style that it
+/// was begun with; colour, width and opacity count from the next piece on.
 class InkLayer {
 public:
     /// @param size  of the frame, logical pixels

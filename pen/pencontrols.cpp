@@ -52,8 +52,8 @@ constexpr SizePreset sizePresets[] = {
     {8, 12, 19}, {12, 10, 21}, {16, 8, 23}, {20, 6, 25}, {24, 4, 27}, {28, 2, 29}, {32, 1, 30},
 };
 
-/// Drawn larger with hard edges and then made smaller, which leaves the outline's straight parts as sharp
-/// as they are without antialiasing and makes its curves smooth.
+/// Drawn larger with hard edges and then made smaller, which leaves the outline's straight parts as
+/// sharp as they are without antialiasing and makes its curves smooth.
 template <typename Draw> QIcon shapeIcon(qreal devicePixelRatio, Draw draw)
 {
     constexpr int enlargement = 4;

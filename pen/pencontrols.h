@@ -12,8 +12,8 @@ class VcColorComboBox;
 class VcComboBox;
 }
 
-/// The controls of the pen's palettes, of one size and look wherever they are. Places are the top-left
-/// corners of their group boxes in the parent, which owns them, in logical pixels.
+/// The controls of the pen's palettes, of one size and look wherever they are. Places are the
+/// top-left corners of their group boxes in the parent, which owns them, in logical pixels.
 namespace VcAction::Toolbar {
 
 class ActionToolbar;
@@ -29,8 +29,8 @@ class ActionToolbar;
 /// A check box labelled "Transparent".
 [[nodiscard]] VcAction::Widget::VcCheckBox* makeTransparencyBox(QWidget* parent, QPoint place);
 
-/// Fills a box with the preset sizes, in logical pixels. Each choice has its icon, its name and, under
-/// Qt::UserRole, its value.
+/// Fills a box with the preset sizes, in logical pixels. Each choice has its icon, its name and,
+/// under Qt::UserRole, its value.
 void fillSizes(QComboBox& box);
 /// Selects a size, adding it to the list if need be.
 void chooseSize(QComboBox& box, int size);

@@ -164,7 +164,8 @@ QRegion PenFrame::liveRegion() const
 
 void PenFrame::extendStroke()
 {
-    // Once for each segment: painted again, its antialiased edge would grow harder with every paint.
+    // Once for each segment: painted again, its antialiased edge would grow harder with every
+    // paint.
     isSegmentPending = !stroke.isFreehand();
     if (isSegmentPending)
         return;

@@ -43,7 +43,8 @@ public slots:
     void setStyle(int style);
 
 protected:
-    /// A pixmap of the frame's size, almost transparent, for derived tools; made when first asked for.
+    /// A pixmap of the frame's size, almost transparent, for derived tools; made when first asked
+    /// for.
     [[nodiscard]] QPixmap& blankPixmap();
 
     void mousePressEvent(QMouseEvent* event) override;

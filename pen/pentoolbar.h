@@ -35,8 +35,8 @@ public:
     void chooseCustomSize(int size);
     void fillSizeCB();
     /// Makes the shape chooser, which the palette is without until then: two buttons above
-    /// "Transparent", for freehand and for shapes, and the shapes in place of the sizes. The frame's
-    /// style is chosen. To be called once.
+    /// "Transparent", for freehand and for shapes, and the shapes in place of the sizes. The
+    /// frame's style is chosen. To be called once.
     void createShapeChooser();
     /// Fills the shapes of the shape chooser.
     void fillShapeCB();

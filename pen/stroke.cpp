@@ -25,8 +25,9 @@ QRect boxAround(QPointF from, QPointF to, qreal margin)
 /// Percentage of the round rectangle's half sides.
 constexpr qreal roundness = 25;
 
-// By way of a path: QPainter's own ellipses, unless smoothed, reach pixels beyond their box when they
-// are flat (seen in Qt 6.4.2), and would leave a trail. A path costs nothing where they do not.
+// By way of a path: QPainter's own ellipses, unless smoothed, reach pixels beyond their box when
+// they are flat (seen in Qt 6.4.2), and would leave a trail. A path costs nothing where they do
+// not.
 void paintEllipse(QPainter& painter, const QRect& box)
 {
     QPainterPath ellipse;

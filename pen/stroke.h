@@ -13,8 +13,8 @@ namespace VcAction::Frame {
 /// The pen's styles by their numbers.
 enum PenStyle { Freehand = 0, Ellipse = 1, Rectangle = 2, RoundRect = 3 };
 
-/// What the pen draws from press to release: a freehand stroke, or a shape that is dragged out. Between
-/// strokes it is the pen's tip. Values only; the ink and its layers are the owner's.
+/// What the pen draws from press to release: a freehand stroke, or a shape that is dragged out.
+/// Between strokes it is the pen's tip. Values only; the ink and its layers are the owner's.
 ///
 /// Points and boxes are in the frame's logical pixels.
 struct Stroke {
@@ -48,12 +48,12 @@ struct Stroke {
 /// The rectangle that spans both points, inclusive, whatever direction it was dragged in.
 [[nodiscard]] QRect shapeBox(QPoint from, QPoint to);
 
-/// Paints the newest segment with the painter's opacity and hints, a dot if it has no length. Replaces what
-/// is there instead of blending with it: a stroke is of one opacity throughout.
+/// Paints the newest segment with the painter's opacity and hints, a dot if it has no length.
+/// Replaces what is there instead of blending with it: a stroke is of one opacity throughout.
 void paintSegment(QPainter& painter, const Stroke& stroke, const QPen& pen);
 
-/// Paints the shape, filled and without outline, with the painter's opacity, hints and composition mode.
-/// Nothing for other styles.
+/// Paints the shape, filled and without outline, with the painter's opacity, hints and composition
+/// mode. Nothing for other styles.
 void paintShape(QPainter& painter, const Stroke& stroke, const QColor& color);
 
 }

@@ -61,8 +61,8 @@ void ActionFrame::start(bool withraise)
     if (withraise) {
         activateWindow();
         raise();
-        // Not every window manager takes the keyboard from a full-screen program for a new window, and
-        // Qt asks one that has crashed.
+        // Not every window manager takes the keyboard from a full-screen program for a new window,
+        // and Qt asks one that has crashed.
         Windowing::NativeWindow::of(*this).takeKeyboard();
     }
     if (toolbar)
@@ -121,7 +121,8 @@ void ActionFrame::focusOutEvent(QFocusEvent* /*event*/) { }
 
 void ActionFrame::resizeEvent(QResizeEvent* /*event*/)
 {
-    // The base's handler stays out: it would take a new picture, and of the frame itself once shown.
+    // The base's handler stays out: it would take a new picture, and of the frame itself once
+    // shown.
     if (!toolbar)
         return;
     toolbar->hide();
@@ -134,8 +135,8 @@ void ActionFrame::resizeEvent(QResizeEvent* /*event*/)
 
 QPointF ActionFrame::exactPosition(const QMouseEvent& event)
 {
-    // The frame is a window: its coordinates are the scene's. But the first move after the pointer has
-    // left a child widget has none (seen in Qt 6.4.2).
+    // The frame is a window: its coordinates are the scene's. But the first move after the pointer
+    // has left a child widget has none (seen in Qt 6.4.2).
     const QPointF exact = event.scenePosition();
     const QPointF rounded = event.position();
     return QLineF(exact, rounded).length() < 1 ? exact : rounded;
@@ -168,8 +169,8 @@ void ActionFrame::repaintDirty()
 
 void ActionFrame::awaitTransfer()
 {
-    // Qt paints in memory that the window system reads. Before it paints again where it has
-    // shown something last, it asks whether that has been read, which takes as long as the paint. Begun
+    // Qt paints in memory that the window system reads. Before it paints again where it has shown
+    // something last, it asks whether that has been read, which takes as long as the paint. Begun
     // now, between two moves of the hand, the next one need not wait for it. (Where the frame is
     // translucent, to begin a paint is to clear.)
     if (!backingStore() || lastRepainted.isEmpty() || testAttribute(Qt::WA_TranslucentBackground))

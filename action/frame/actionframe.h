@@ -45,22 +45,23 @@ protected:
     void focusOutEvent(QFocusEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
-    /// Where a mouse event lies, in frame coordinates, to the fraction of a logical pixel. The event's
-    /// position() is rounded to whole ones (seen in Qt 6.4.2); where it is not, both say the same.
+    /// Where a mouse event lies, in frame coordinates, to the fraction of a logical pixel. The
+    /// event's position() is rounded to whole ones (seen in Qt 6.4.2); where it is not, both say
+    /// the same.
     [[nodiscard]] static QPointF exactPosition(const QMouseEvent& event);
 
     /// For a frame that knows what it changes: from now on repaintDirty() repaints only what
-    /// markDirty() was told of. To be called in the constructor. It holds for frames of exactly this
-    /// class: one that is derived from it may change more, and is repainted whole until it calls
-    /// this for itself.
+    /// markDirty() was told of. To be called in the constructor. It holds for frames of exactly
+    /// this class: one that is derived from it may change more, and is repainted whole until it
+    /// calls this for itself.
     void trackDirtyRegion();
     /// @param region  in frame coordinates, logical pixels
     void markDirty(const QRegion& region);
     /// Repaints at once what has changed since the last time; everything, unless that is tracked.
     void repaintDirty();
-    /// The same for the moves of the pointer: at once for the first in a turn of the event loop. Those
-    /// that had queued up behind it are painted together when the turn ends, so that catching up with
-    /// a fast hand does not take a paint for each.
+    /// The same for the moves of the pointer: at once for the first in a turn of the event loop.
+    /// Those that had queued up behind it are painted together when the turn ends, so that catching
+    /// up with a fast hand does not take a paint for each.
     void repaintMove(const QMouseEvent& move);
 
     /// Whether the palette, with its own cursor, is under the pointer.

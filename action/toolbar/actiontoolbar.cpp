@@ -25,9 +25,10 @@ namespace VcAction::Toolbar {
 
 namespace {
 
-// What the widgets' own sheets leave to the desktop's style, and the palette's light background cannot
-// do without: a flat group box has no frame, and a dark theme's white text and dark buttons would vanish.
-// A FocusRing takes the place of the style's focus rectangles. And the sizes of the boxes' icons, see showIcons().
+// What the widgets' own sheets leave to the desktop's style, and the palette's light background
+// cannot do without: a flat group box has no frame, and a dark theme's white text and dark buttons
+// would vanish. A FocusRing takes the place of the style's focus rectangles. And the sizes of the
+// boxes' icons, see showIcons().
 constexpr auto paletteSheet =
     "VcAction--Widget--VcGroupBox { border: 0px; }"
     "VcAction--Widget--VcCheckBox, QTabBar::tab { color: #1f1814; }"

@@ -30,7 +30,8 @@ public:
     ActionToolbar(QWidget* parent, QSize size);
     ~ActionToolbar() override = default;
 
-    /// Shows the palette. The close button comes after all controls made until then in the tab order.
+    /// Shows the palette. The close button comes after all controls made until then in the tab
+    /// order.
     void start();
 
     /// Allows the shutter and shows its handle, which a derived palette must have made before.
@@ -65,7 +66,8 @@ public slots:
     void fadeOut();
 
 protected:
-    /// Makes the image that paintEvent() paints behind the widgets: the tab strip, if there are tabs.
+    /// Makes the image that paintEvent() paints behind the widgets: the tab strip, if there are
+    /// tabs.
     virtual void createBackImage(QSize size);
 
     void mousePressEvent(QMouseEvent* event) override;
@@ -91,7 +93,8 @@ protected:
     bool dragging = false;
     QPixmap backImage;
     QPushButton* closeButton = nullptr;
-    /// What the user closes and opens the shutter with. Made by a derived palette that has a shutter.
+    /// What the user closes and opens the shutter with. Made by a derived palette that has a
+    /// shutter.
     QWidget* shutterHandle = nullptr;
     /// Global press position minus the palette's position.
     QPoint dragOffset;

@@ -20,8 +20,8 @@ protected:
     void updateCurrentValue(const QVariant& value) override;
 };
 
-/// Has a palette fade out when one of its lists is closed. Closed by a key, it leaves no event of the pointer
-/// that could.
+/// Has a palette fade out when one of its lists is closed. Closed by a key, it leaves no event of
+/// the pointer that could.
 class ListWatch : public QObject {
     Q_OBJECT
 

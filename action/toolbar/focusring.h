@@ -7,8 +7,8 @@ namespace VcAction::Toolbar {
 
 class ActionToolbar;
 
-/// The outline around that control of a palette which has the keyboard; around the current tab, where
-/// that is the tab bar. Hidden while none has it.
+/// The outline around that control of a palette which has the keyboard; around the current tab,
+/// where that is the tab bar. Hidden while none has it.
 class FocusRing : public QWidget {
     Q_OBJECT
 

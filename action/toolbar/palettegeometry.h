@@ -21,13 +21,13 @@ constexpr int tabStripHeight = 33;
 [[nodiscard]] bool isOnHandle(QPoint point, QSize palette);
 
 /// Size of the background's frame, above the tab strip if there is one: as wide as the palette, but
-/// wide enough for the image's left and right slices, which would be squeezed otherwise. Of a closed
-/// palette that is the handle strip and a part that is cut off.
+/// wide enough for the image's left and right slices, which would be squeezed otherwise. Of a
+/// closed palette that is the handle strip and a part that is cut off.
 /// @param tabs  number of tabs
 [[nodiscard]] QSize backFrameSize(QSize palette, int tabs);
 
-/// What is left of a closed palette with tabs, or of one that is about to close: not the strip below the handle,
-/// where there is nothing.
+/// What is left of a closed palette with tabs, or of one that is about to close: not the strip
+/// below the handle, where there is nothing.
 /// @param palette  with its tab strip
 [[nodiscard]] QRegion closedRegion(QSize palette);
 

@@ -6,8 +6,8 @@ namespace VcAction::Toolbar {
 
 class ActionToolbar;
 
-/// The button on a palette's handle strip that closes its shutter and opens it again; its arrow shows
-/// which way. For the shutterHandle of derived palettes.
+/// The button on a palette's handle strip that closes its shutter and opens it again; its arrow
+/// shows which way. For the shutterHandle of derived palettes.
 class ShutterHandle : public QToolButton {
     Q_OBJECT
 
@@ -19,8 +19,8 @@ private slots:
     void turnArrow();
 };
 
-/// The ridges on a palette's handle strip, which mark where the palette can be dragged. Only paints: the
-/// dragging is the palette's.
+/// The ridges on a palette's handle strip, which mark where the palette can be dragged. Only
+/// paints: the dragging is the palette's.
 class HandleGrip : public QWidget {
     Q_OBJECT
 

@@ -12,8 +12,8 @@ void paintSwatchEdge(QPainter& painter, const QRectF& swatch);
 /// Whether a box's entry shows a colour, which is then its QColor under Qt::UserRole.
 [[nodiscard]] bool isColor(const QVariant& entryData);
 
-/// Paints the entries of a combo box's list with the list's font and their icons' own colours, and an edge
-/// around those that are swatches.
+/// Paints the entries of a combo box's list with the list's font and their icons' own colours, and
+/// an edge around those that are swatches.
 class EntryDelegate : public QStyledItemDelegate {
     Q_OBJECT
 

@@ -13,8 +13,8 @@ namespace VcAction::Widget::StyleSheets {
 /// @param tabLabelWidth  width of a tab's label, logical pixels; not clamped
 [[nodiscard]] QString tabHolder(int tabLabelWidth);
 
-/// A sheet for a screen of some density: unchanged for 1, else with the denser variants of those images
-/// that it cuts into nine ("name-2x.png" and "name-3x.png" for "name.png").
+/// A sheet for a screen of some density: unchanged for 1, else with the denser variants of those
+/// images that it cuts into nine ("name-2x.png" and "name-3x.png" for "name.png").
 ///
 /// Qt finds denser images by itself only under another name ("name@2x.png"), and counts the
 /// cuts in the larger image's own pixels, so that these must grow with the image.

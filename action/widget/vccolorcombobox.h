@@ -13,7 +13,8 @@ namespace VcAction::Widget {
 /// A palette's colour chooser: preset colours, at most one custom colour, and last an entry that
 /// opens the colour dialog. Tells every chosen colour; what it is for, others decide.
 ///
-/// The entries keep their colour (QColor) under Qt::UserRole; that of the dialog's entry is invalid.
+/// The entries keep their colour (QColor) under Qt::UserRole; that of the dialog's entry is
+/// invalid.
 class VcColorComboBox : public VcComboBox {
     Q_OBJECT
 

@@ -12,8 +12,8 @@ class VcTabHolder : public QTabWidget {
 public:
     explicit VcTabHolder(QWidget* parent);
 
-    /// @param width  distance from one tab to the next, logical pixels; the label gets 12 less, which
-    ///               is not clamped
+    /// @param width  distance from one tab to the next, logical pixels; the label gets 12 less,
+    ///               which is not clamped
     void setTabWidth(int width);
 
 protected:

@@ -13,8 +13,8 @@ public:
     using std::runtime_error::runtime_error;
 };
 
-/// Returns when the condition holds, which is looked at twice a millisecond: the processors are left to what is
-/// waited for.
+/// Returns when the condition holds, which is looked at twice a millisecond: the processors are
+/// left to what is waited for.
 /// @param complaint  what the Failure says if it does not come true
 template <typename Condition> void waitFor(Condition condition, const char* complaint)
 {

@@ -6,8 +6,8 @@
 
 namespace Bench {
 
-/// A Markdown file with one section for each row, and further ones that somebody has written. A session
-/// replaces the sections of the rows that it measured; the others stay as they are.
+/// A Markdown file with one section for each row, and further ones that somebody has written. A
+/// session replaces the sections of the rows that it measured; the others stay as they are.
 class ResultsFile {
 public:
     /// @param order  names of all rows, as their sections are to follow each other

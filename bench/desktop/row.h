@@ -31,7 +31,8 @@ public:
 protected:
     static constexpr int UsualRuns = 5;
 
-    /// How many times as often as usual, for what takes a moment, in which whatever else the machine does shows.
+    /// How many times as often as usual, for what takes a moment, in which whatever else the
+    /// machine does shows.
     [[nodiscard]] static int timesOftener(Annotator::Role role);
     /// For rows that take long: programs of others are measured once.
     [[nodiscard]] int runsWithPeersOnce(Annotator::Role role) const;

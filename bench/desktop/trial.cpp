@@ -10,7 +10,8 @@ namespace {
 
 using namespace std::chrono_literals;
 
-/// Between two moves of the mice that report most often, of the common ones; most take eight times as long.
+/// Between two moves of the mice that report most often, of the common ones; most take eight times
+/// as long.
 constexpr auto fastestMouse = 1ms;
 
 bool hasWindows(const XConnection& x)

@@ -38,8 +38,8 @@ public:
     static constexpr QPoint LeadIn{12, 0};
     /// Presses the button, moves by the lead-in and waits for ink at the point.
     void beginStroke(QPoint at) const;
-    /// Draws through all points at the pace of a fast mouse, waiting for the ink at each; what each took in
-    /// milliseconds.
+    /// Draws through all points at the pace of a fast mouse, waiting for the ink at each; what each
+    /// took in milliseconds.
     [[nodiscard]] QList<double> drawWaiting(const QList<QPoint>& points) const;
 
     const Annotator& annotator;

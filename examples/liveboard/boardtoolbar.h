@@ -7,8 +7,8 @@ namespace LiveBoard {
 
 class BoardFrame;
 
-/// The board's palette: a page for the pen, a page for the shapes, and a shutter that lets the mouse
-/// through to the desktop.
+/// The board's palette: a page for the pen, a page for the shapes, and a shutter that lets the
+/// mouse through to the desktop.
 class BoardToolbar : public VcAction::Toolbar::ActionToolbar {
     Q_OBJECT
 

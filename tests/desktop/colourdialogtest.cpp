@@ -4,8 +4,8 @@
 
 #include <X11/keysym.h>
 
-/// The colour dialog, opened by the last entry of the colour list, and what becomes of the colour. How it gets along
-/// with window managers is a matter of the matrix.
+/// The colour dialog, opened by the last entry of the colour list, and what becomes of the colour.
+/// How it gets along with window managers is a matter of the matrix.
 class ColourDialogTest : public DesktopTest {
     Q_OBJECT
 
@@ -20,7 +20,8 @@ private:
     static constexpr QPoint Away{100, 700};
 
     [[nodiscard]] xcb_window_t dialog() const { return desktop->controls.colourDialog(); }
-    /// Opens it, types the colour's name into its field, confirms, and waits until the frame has the keyboard again.
+    /// Opens it, types the colour's name into its field, confirms, and waits until the frame has
+    /// the keyboard again.
     [[nodiscard]] bool pick(const QByteArray& name, const Program& korvel) const;
 };
 

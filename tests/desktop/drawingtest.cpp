@@ -3,7 +3,8 @@
 #include "tests/desktop/harness/ink.h"
 #include "tests/support/testprogram.h"
 
-/// The life of a stroke, from the first move to the finished ink, and of the dot that shows the pen between strokes.
+/// The life of a stroke, from the first move to the finished ink, and of the dot that shows the pen
+/// between strokes.
 class DrawingTest : public DesktopTest {
     Q_OBJECT
 

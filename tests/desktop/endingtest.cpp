@@ -5,7 +5,8 @@
 
 #include <functional>
 
-/// All ways to end the program, and what does not end it. Whichever way, nothing stays on the screen.
+/// All ways to end the program, and what does not end it. Whichever way, nothing stays on the
+/// screen.
 class EndingTest : public DesktopTest {
     Q_OBJECT
 

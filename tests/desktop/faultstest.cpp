@@ -9,7 +9,8 @@
 
 #include <functional>
 
-/// Damaged files and missing folders: whatever is wrong around it, the program starts, draws and ends.
+/// Damaged files and missing folders: whatever is wrong around it, the program starts, draws and
+/// ends.
 class FaultsTest : public DesktopTest {
     Q_OBJECT
 

@@ -4,7 +4,8 @@
 
 #include <X11/keysym.h>
 
-/// Monitors that come, go and change while the frame is up: it can still be left, and leaves nothing behind.
+/// Monitors that come, go and change while the frame is up: it can still be left, and leaves
+/// nothing behind.
 class HotPlugTest : public MonitorDesktopTest {
     Q_OBJECT
 
@@ -19,8 +20,8 @@ private slots:
 private:
     static void addChanges();
     static void addChanges(const QByteArray& managerName);
-    /// Ends the program by Escape and looks at what is left: white monitors, but for the bars of window managers, and
-    /// no complaint.
+    /// Ends the program by Escape and looks at what is left: white monitors, but for the bars of
+    /// window managers, and no complaint.
     void leave(Program& korvel, const QList<QRect>& places) const;
 
     static constexpr QRect Left{0, 0, 1280, 800};
@@ -38,8 +39,8 @@ void HotPlugTest::addChanges()
     QTest::addColumn<QList<QRect>>("after");
 
     for (const QByteArray& name : managersWanted()) {
-        // The bar of the one stays where an edge was; with the other the keyboard follows the pointer to the next
-        // monitor.
+        // The bar of the one stays where an edge was; with the other the keyboard follows the
+        // pointer to the next monitor.
         if (name != "fluxbox" && name != "i3")
             addChanges(name);
     }

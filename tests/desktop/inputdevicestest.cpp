@@ -22,8 +22,8 @@ private:
         const auto& monitorServer = static_cast<const MonitorServer&>(*server);
         return {monitorServer.inputSocket(name), desktop->x.size()};
     }
-    /// Moves the pointer on by the touchpad and waits for the pen's dot there: all scrolling has been dealt with then.
-    /// Qt takes no scrolling from a device before it has seen it at work.
+    /// Moves the pointer on by the touchpad and waits for the pen's dot there: all scrolling has
+    /// been dealt with then. Qt takes no scrolling from a device before it has seen it at work.
     [[nodiscard]] bool moveWith(InputDevice& touchpad, QColor dotColour) const;
     /// Whether the screen has a half-transparent stroke along the line, no darker than once over.
     [[nodiscard]] bool hasOneStroke(const QList<QPoint>& path) const;

@@ -9,7 +9,8 @@
 
 #include <csignal>
 
-/// The X server is killed at one moment or another: the program ends by itself, at once, and never by a signal.
+/// The X server is killed at one moment or another: the program ends by itself, at once, and never
+/// by a signal.
 class LostServerTest : public DesktopTest {
     Q_OBJECT
 

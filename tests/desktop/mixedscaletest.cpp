@@ -3,7 +3,8 @@
 #include "tests/desktop/harness/selection.h"
 #include "tests/support/testprogram.h"
 
-/// Screens of sizes that are no whole number of logical pixels, and of different density side by side.
+/// Screens of sizes that are no whole number of logical pixels, and of different density side by
+/// side.
 class MixedScaleTest : public MonitorDesktopTest {
     Q_OBJECT
 

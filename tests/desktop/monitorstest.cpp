@@ -8,7 +8,8 @@
 
 #include <X11/keysym.h>
 
-/// Several monitors: which of them the frame covers, with which picture, and where its palette lies.
+/// Several monitors: which of them the frame covers, with which picture, and where its palette
+/// lies.
 class MonitorsTest : public MonitorDesktopTest {
     Q_OBJECT
 
@@ -22,11 +23,12 @@ private slots:
 private:
     static void addArrangements();
     static void addFurtherArrangements();
-    /// What the frame freezes when the pattern is everywhere. On screen number 1 that is the picture of the whole
-    /// desktop, black where no monitor is, from its top-left corner.
+    /// What the frame freezes when the pattern is everywhere. On screen number 1 that is the
+    /// picture of the whole desktop, black where no monitor is, from its top-left corner.
     [[nodiscard]] QImage frozenPattern(const QList<QRect>& places, qsizetype home) const;
 
-    /// The smallest rectangle that holds all blue ink, be the paper white or, where no monitor is, black.
+    /// The smallest rectangle that holds all blue ink, be the paper white or, where no monitor is,
+    /// black.
     [[nodiscard]] static QRect blueBounds(const QImage& picture);
 
     static constexpr QRect Left{0, 0, 1280, 800};

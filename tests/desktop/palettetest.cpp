@@ -4,7 +4,8 @@
 
 #include <X11/keysym.h>
 
-/// The palette as a thing on the frame: its place, its fading, how it is dragged, what it keeps from the frame.
+/// The palette as a thing on the frame: its place, its fading, how it is dragged, what it keeps
+/// from the frame.
 class PaletteTest : public DesktopTest {
     Q_OBJECT
 

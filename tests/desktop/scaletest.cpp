@@ -4,7 +4,8 @@
 #include "tests/desktop/harness/selection.h"
 #include "tests/support/testprogram.h"
 
-/// Dense screens: the picture stays in device pixels, what is the program's own grows with the scale.
+/// Dense screens: the picture stays in device pixels, what is the program's own grows with the
+/// scale.
 class ScaleTest : public DesktopTest {
     Q_OBJECT
 

@@ -6,7 +6,8 @@
 
 #include <functional>
 
-/// Signals from outside: one SIGTERM ends in order, whatever is going on; the others do what they always do.
+/// Signals from outside: one SIGTERM ends in order, whatever is going on; the others do what they
+/// always do.
 class SignalsTest : public DesktopTest {
     Q_OBJECT
 
@@ -22,7 +23,8 @@ private:
     /// Brings the program into a state, and tells whether it shows.
     using State = std::function<bool(const Desktop&, const Program&)>;
 
-    /// Freezes the program just after it took a termination signal, before it acts on it. Tells whether that worked.
+    /// Freezes the program just after it took a termination signal, before it acts on it. Tells
+    /// whether that worked.
     [[nodiscard]] bool freezeInTermination(Program& korvel) const;
     /// Whether the process has a handler of its own for termination signals.
     [[nodiscard]] static bool catchesTermination(pid_t process);
@@ -34,7 +36,8 @@ Q_DECLARE_METATYPE(std::function<bool(const Desktop&, const Program&)>)
 
 bool SignalsTest::freezeInTermination(Program& korvel) const
 {
-    // The kernel hands out the lower number first, so the stop arrives when the handler has just been entered.
+    // The kernel hands out the lower number first, so the stop arrives when the handler has just
+    // been entered.
     korvel.process().send(SIGTERM);
     korvel.process().send(SIGSTOP);
     const auto isStopped = [&] { return kernelStatus(korvel.pid(), "State:").startsWith('T'); };

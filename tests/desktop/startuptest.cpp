@@ -9,7 +9,8 @@
 
 namespace {
 
-/// How often each thread of the process fell asleep or was interrupted so far, as the kernel's text.
+/// How often each thread of the process fell asleep or was interrupted so far, as the kernel's
+/// text.
 QStringList contextSwitches(pid_t process)
 {
     QStringList counts;
@@ -25,7 +26,8 @@ QStringList contextSwitches(pid_t process)
 
 }
 
-/// From the start to the first stroke: the frozen picture, the ways to call the program, several at once.
+/// From the start to the first stroke: the frozen picture, the ways to call the program, several at
+/// once.
 class StartupTest : public DesktopTest {
     Q_OBJECT
 
@@ -95,8 +97,8 @@ void StartupTest::itStartsFromAnywhere()
     EVENTUALLY(korvel.isReady());
     desktop->pointer.moveTo(desktop->palette.closeButton());
 
-    // then
-    // The button is a picture of the resource file: without one, the fully opaque palette would show nothing there.
+    // then The button is a picture of the resource file: without one, the fully opaque palette
+    // would show nothing there.
     EVENTUALLY(desktop->screen.colourAt(desktop->palette.swatch()) == Qt::yellow);
     const QImage button =
         desktop->screen.grab({desktop->palette.closeButton() - QPoint(20, 12), QSize(40, 24)});

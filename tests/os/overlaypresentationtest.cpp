@@ -81,7 +81,8 @@ struct Hints {
     bool operator==(const Hints&) const = default;
 };
 
-/// The smallest and the largest size that the size hints allow, in device pixels; null where they say nothing.
+/// The smallest and the largest size that the size hints allow, in device pixels; null where they
+/// say nothing.
 struct SizeLimits {
     QSize smallest;
     QSize largest;

@@ -292,7 +292,8 @@ void BackgroundExposureTest::aFrameOfTheLiveDesktopIsPaintedWhole()
 
 void BackgroundExposureTest::whatIsDrawnElsewhereIsOpaque()
 {
-    // given: a picture that has only just been written, of what leaves open the byte that no colour uses
+    // given: a picture that has only just been written, of what leaves open the byte that no colour
+    // uses
     const ClientWindow window(x, ClientWindow::Kind::Unmanaged, {0, 0, 50, 50}, Qt::yellow);
     EVENTUALLY_COMPARE(screen.colourAt({0, 0}), QColor(Qt::yellow));
     DrawingFrame frame;

@@ -172,7 +172,8 @@ void PenToolbarTest::itsControlsLieAsAgreed()
 
 void PenToolbarTest::itsListsAreNotMadeBeforeTheyOpen()
 {
-    // Given: later versions of Qt make a box's list with its first item (seen in 6.8.2, not in 6.4.2).
+    // Given: later versions of Qt make a box's list with its first item (seen in 6.8.2, not in
+    // 6.4.2).
     QComboBox filled;
     filled.addItem("item");
     const auto madeByQt = filled.findChildren<QAbstractItemView*>().size();

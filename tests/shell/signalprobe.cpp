@@ -42,8 +42,9 @@ extern "C" int socketpair(int domain, int type, int protocol, int* descriptors) 
     return static_cast<int>(syscall(SYS_socketpair, domain, type, protocol, descriptors));
 }
 
-/// Tells how an application object takes signals. Arguments: "hang" to stay out of the event loop, "no-pair" for a
-/// system that has no socket pair left, "no-pair-slot" for the slot's being called there all the same.
+/// Tells how an application object takes signals. Arguments: "hang" to stay out of the event loop,
+/// "no-pair" for a system that has no socket pair left, "no-pair-slot" for the slot's being called
+/// there all the same.
 int main(int argc, char** argv)
 {
     const auto asked = [&](const char* word) { return argc > 1 && !std::strcmp(argv[1], word); };

@@ -61,8 +61,8 @@ QJsonObject report()
 
 }
 
-/// Tells on one line what an application object has found at its start. Argument: "id" or "flag" for the constructors
-/// that take no settings.
+/// Tells on one line what an application object has found at its start. Argument: "id" or "flag"
+/// for the constructors that take no settings.
 int main(int argc, char** argv)
 {
     LanguageWatch watch;

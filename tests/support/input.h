@@ -7,7 +7,8 @@
 #include <QWidget>
 #include <QtTest/qtestspontaneevent.h>
 
-/// Input events handed to a widget, as those of the window system are. Positions are in the widget's coordinates, logical pixels.
+/// Input events handed to a widget, as those of the window system are. Positions are in the
+/// widget's coordinates, logical pixels.
 ///
 /// Each function tells whether the event was accepted. What a widget leaves alone is passed up to
 /// its parents, as Qt does it.

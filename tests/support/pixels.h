@@ -42,7 +42,8 @@ inline bool areClose(const QColor& first, const QColor& second, int tolerance)
         && std::abs(first.alpha() - second.alpha()) <= tolerance;
 }
 
-/// The device pixels at which two images of the same size differ, as a box; empty if there are none.
+/// The device pixels at which two images of the same size differ, as a box; empty if there are
+/// none.
 inline QRect differingBox(const QImage& first, const QImage& second)
 {
     const QImage one = first.convertToFormat(QImage::Format_ARGB32);

@@ -5,7 +5,8 @@
 
 #include <xcb/xinput.h>
 
-/// Counts what the server tells of the pointer by the X Input Extension, before Qt throws some of it away.
+/// Counts what the server tells of the pointer by the X Input Extension, before Qt throws some of
+/// it away.
 class ReportCount : public QAbstractNativeEventFilter {
 public:
     ReportCount() { QCoreApplication::instance()->installNativeEventFilter(this); }

@@ -4,7 +4,8 @@
 
 #include <vector>
 
-/// Announces itself as the window manager of this name, and manages nothing. Withdrawn with this object.
+/// Announces itself as the window manager of this name, and manages nothing. Withdrawn with this
+/// object.
 class AnnouncedWindowManager {
 public:
     AnnouncedWindowManager(const XConnection& connection, const QByteArray& name);
@@ -31,7 +32,8 @@ public:
     WindowFrames& operator=(const WindowFrames&) = delete;
     ~WindowFrames();
 
-    /// Puts one more frame around the window and the frames that it has, of the same size. Frames are mapped.
+    /// Puts one more frame around the window and the frames that it has, of the same size. Frames
+    /// are mapped.
     xcb_window_t enclose(xcb_window_t window);
 
 private:

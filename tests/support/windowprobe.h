@@ -11,8 +11,8 @@
 
 class QWindow;
 
-/// One X11 window as another client of the server sees it. Every answer comes after all that Qt has asked
-/// for so far. Coordinates are the window's, in device pixels.
+/// One X11 window as another client of the server sees it. Every answer comes after all that Qt has
+/// asked for so far. Coordinates are the window's, in device pixels.
 class WindowProbe {
 public:
     WindowProbe(const XConnection& connection, xcb_window_t watched)

@@ -44,8 +44,8 @@ constexpr QRect yonder(200, 90, 20, 20);
 
 }
 
-/// When the pointer's moves are painted: the first of a turn of the event loop at once, those that had
-/// queued up behind it together.
+/// When the pointer's moves are painted: the first of a turn of the event loop at once, those that
+/// had queued up behind it together.
 class RepaintMovesTest : public QObject {
     Q_OBJECT
 

@@ -15,7 +15,8 @@ namespace {
 
 constexpr int CannotStart = 127; // the shell's number for a program that cannot be run
 
-/// The form that the kernel wants: pointers into the list, then a null. Valid as long as the list is.
+/// The form that the kernel wants: pointers into the list, then a null. Valid as long as the list
+/// is.
 std::vector<char*> pointers(QList<QByteArray>& strings)
 {
     std::vector<char*> result;
@@ -50,7 +51,8 @@ private:
     sigset_t before{};
 };
 
-/// QtTest catches deadly signals to print a stack; a child that has not become its command yet must not do so.
+/// QtTest catches deadly signals to print a stack; a child that has not become its command yet must
+/// not do so.
 void resetSignals()
 {
     for (int signal = 1; signal < NSIG; ++signal)

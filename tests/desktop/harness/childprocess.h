@@ -21,8 +21,8 @@ struct Command {
     int deathSignal = SIGTERM; ///< sent by the kernel when the test itself dies
 };
 
-/// One started process, ended at the latest with this object, or by the kernel when the test program is killed.
-/// Waiting for it is the caller's affair.
+/// One started process, ended at the latest with this object, or by the kernel when the test
+/// program is killed. Waiting for it is the caller's affair.
 class ChildProcess {
 public:
     static constexpr int Running = -1;

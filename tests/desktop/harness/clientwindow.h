@@ -8,7 +8,8 @@
 
 class XConnection;
 
-/// A window of another program, filled with one colour, for overlays to get along with. Gone with this object.
+/// A window of another program, filled with one colour, for overlays to get along with. Gone with
+/// this object.
 class ClientWindow {
 public:
     enum class Kind {

@@ -4,7 +4,8 @@
 
 Compositor::Compositor(const XConnection& connection, const QByteArray& display)
     : x(connection)
-    // No settings file: shadows for every kind of window, and no fading, which tests would wait for.
+    // No settings file: shadows for every kind of window, and no fading, which tests would wait
+    // for.
     , compositor({.program = executable,
                   .arguments = {"--config", "/dev/null", "--backend", "xrender", "--shadow",
                                 "--shadow-opacity", "0.9"},

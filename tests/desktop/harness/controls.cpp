@@ -26,8 +26,8 @@ bool Controls::openList(QPoint box, const Program& program) const
         const QPoint border(place.center().x(), place.top() + 1);
         return isClose(desktop.screen.colourAt(border), ListBorderColour);
     });
-    // Let go on the list later than a double click lasts, the button would choose an entry, and a busy machine may
-    // take that long to show the list. Beside it, the button does nothing.
+    // Let go on the list later than a double click lasts, the button would choose an entry, and a
+    // busy machine may take that long to show the list. Beside it, the button does nothing.
     desktop.pointer.moveTo(box - QPoint(300, 0));
     desktop.pointer.release();
     return isPainted;

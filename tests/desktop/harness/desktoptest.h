@@ -11,8 +11,8 @@
 #include <memory>
 #include <optional>
 
-/// Base of the end-to-end tests: gives each test function a fresh X server with the pointer at a quiet place and a
-/// white backdrop. Says nothing of the program.
+/// Base of the end-to-end tests: gives each test function a fresh X server with the pointer at a
+/// quiet place and a white backdrop. Says nothing of the program.
 class DesktopTest : public QObject {
     Q_OBJECT
 
@@ -20,8 +20,8 @@ protected:
     /// Where the pointer rests before the program starts: on the frame, far from the palette.
     static constexpr QPoint StartPoint{100, 100};
 
-    /// Moves the pointer away and waits for the pen's dot there. Then all events sent before have been dealt with,
-    /// and what the dot hid is to be seen.
+    /// Moves the pointer away and waits for the pen's dot there. Then all events sent before have
+    /// been dealt with, and what the dot hid is to be seen.
     /// @param dotColour  as it appears on the screen
     [[nodiscard]] bool parkPointer(QPoint place, QColor dotColour) const;
 

@@ -4,7 +4,8 @@
 
 #include <utility>
 
-/// Owns one open file descriptor and closes it. What is read or written through it is up to the holder.
+/// Owns one open file descriptor and closes it. What is read or written through it is up to the
+/// holder.
 class FileDescriptor {
 public:
     explicit FileDescriptor(int openDescriptor)

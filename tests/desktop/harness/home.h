@@ -17,8 +17,8 @@ public:
     /// Every file and folder in the home, relative to it, in order of name.
     [[nodiscard]] QStringList contents() const;
 
-    /// For whoever runs in this home, on this display: no locale but C, no D-Bus, nothing inherited but the search
-    /// paths and the options of sanitizers.
+    /// For whoever runs in this home, on this display: no locale but C, no D-Bus, nothing inherited
+    /// but the search paths and the options of sanitizers.
     [[nodiscard]] Environment environment(const QByteArray& display) const;
 
 private:

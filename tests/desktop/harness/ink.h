@@ -25,8 +25,9 @@ private:
     QColor ink;
 };
 
-/// Whether a cut straight across a stroke is that of a pen of this size, in device pixels. Exact for even sizes, whose
-/// edges fall between pixels. The half-covered edge pixels of odd sizes darken where the segments of a stroke overlap.
+/// Whether a cut straight across a stroke is that of a pen of this size, in device pixels. Exact
+/// for even sizes, whose edges fall between pixels. The half-covered edge pixels of odd sizes
+/// darken where the segments of a stroke overlap.
 [[nodiscard]] bool fitsPen(qreal across, int size);
 
 /// The colour that half-transparent ink gives on the paper; eight-bit rounding may put it one off.

@@ -8,12 +8,14 @@
 
 #include <xorg/xf86-input-inputtest-protocol.h>
 
-/// An input device of a MonitorServer, played by the test. Every step has reached the server before its function
-/// returns; what a program makes of it is to be waited for. Coordinates are the screen's, in device pixels.
+/// An input device of a MonitorServer, played by the test. Every step has reached the server before
+/// its function returns; what a program makes of it is to be waited for. Coordinates are the
+/// screen's, in device pixels.
 class InputDevice {
 public:
-    /// @param socket  where the device's driver listens     @param screen  size of the whole desktop, which devices
-    ///                                                                     with places of their own are spread over
+    /// @param socket  where the device's driver listens
+    /// @param screen  size of the whole desktop, over which devices with places of their own are
+    ///                spread
     InputDevice(const QByteArray& socket, QSize screen);
 
     /// Whether the driver has answered.

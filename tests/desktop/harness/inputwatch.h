@@ -2,7 +2,8 @@
 
 #include "tests/desktop/harness/xconnection.h"
 
-/// Counts the mouse buttons and the keys whose presses reach one window, on a connection of its own.
+/// Counts the mouse buttons and the keys whose presses reach one window, on a connection of its
+/// own.
 class InputWatch {
 public:
     InputWatch(const QByteArray& display, xcb_window_t window);

@@ -14,11 +14,12 @@ constexpr auto icewmPreferences = "TaskBarShowClock=0\n"
                                   "WorkspaceNames=\"1\",\"2\"\n";
 constexpr auto fluxboxInit = "session.screen0.toolbar.tools: workspacename\n"
                              "session.screen0.workspaces: 2\n";
-// Of the style. Else it has a script set a picture, which on a busy machine fails and says so in a dialog.
+// Of the style. Else it has a script set a picture, which on a busy machine fails and says so in a
+// dialog.
 constexpr auto fluxboxOverlay = "background: none\n";
 constexpr auto kwinSettings = "[Desktops]\nNumber=2\n";
-// Not the default one, which starts programs and a dialog. Without the first line it is taken for the
-// file of an old version, and the default one for the new.
+// Not the default one, which starts programs and a dialog. Without the first line it is taken for
+// the file of an old version, and the default one for the new.
 constexpr auto i3Settings = "# i3 config file (v4)\nfont pango:monospace 8\n";
 
 // What they store is theirs alone, and there is no service to store it with.

@@ -9,8 +9,8 @@ QByteArray modeName(QSize size)
     return QByteArray::number(size.width()) + 'x' + QByteArray::number(size.height()) + "-test";
 }
 
-/// Clock in MHz, then start and end of the sync pulse and the total, across and down; the width of the gaps is of no
-/// concern without a wire.
+/// Clock in MHz, then start and end of the sync pulse and the total, across and down; the width of
+/// the gaps is of no concern without a wire.
 QList<QByteArray> modeLine(QSize size)
 {
     const int width = size.width();

@@ -4,8 +4,9 @@
 
 #include <QTemporaryDir>
 
-/// An X server with sixteen outputs that monitors can be plugged into (see Monitors), and with input devices that a
-/// test can play (see InputDevice). Needs Xorg with its dummy video driver, and the rights of root.
+/// An X server with sixteen outputs that monitors can be plugged into (see Monitors), and with
+/// input devices that a test can play (see InputDevice). Needs Xorg with its dummy video driver,
+/// and the rights of root.
 class MonitorServer : public XServer {
 public:
     MonitorServer();

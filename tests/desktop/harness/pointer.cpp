@@ -19,8 +19,8 @@ void Pointer::moveTo(QPoint point) const
 {
     constexpr int absolute = 0;
     send(XCB_MOTION_NOTIFY, absolute, point);
-    // A window manager may hold the pointer for a moment after a press, to look at it first. Moves that
-    // arrive meanwhile would lose their places.
+    // A window manager may hold the pointer for a moment after a press, to look at it first. Moves
+    // that arrive meanwhile would lose their places.
     static_cast<void>(eventually([&] { return position() == point; }));
 }
 
@@ -32,7 +32,8 @@ void Pointer::press(Button button) const
 void Pointer::release(Button button) const
 {
     send(XCB_BUTTON_RELEASE, static_cast<int>(button));
-    // For the same reason: a move that arrived before the window manager had let go would come before the release.
+    // For the same reason: a move that arrived before the window manager had let go would come
+    // before the release.
     static_cast<void>(eventually([&] { return !isHeld(button); }));
 }
 

@@ -5,8 +5,9 @@
 
 class XConnection;
 
-/// The mouse, moved and clicked as if by hand. Every step has reached the server before its function returns; what a
-/// program makes of it is to be waited for. Coordinates are the screen's, in device pixels.
+/// The mouse, moved and clicked as if by hand. Every step has reached the server before its
+/// function returns; what a program makes of it is to be waited for. Coordinates are the screen's,
+/// in device pixels.
 class Pointer {
 public:
     enum class Button { Left = 1, Middle = 2, Right = 3 };

@@ -28,7 +28,8 @@ public:
     [[nodiscard]] xcb_window_t frame() const;
     /// Whether its frame is on the screen and gets the keys.
     [[nodiscard]] bool hasKeyboard() const;
-    /// Whether it has the keyboard and has painted the dot under the pointer: all is set up by then.
+    /// Whether it has the keyboard and has painted the dot under the pointer: all is set up by
+    /// then.
     [[nodiscard]] bool isReady() const;
 
     /// Asks its frame to close, as a window manager does for the user.

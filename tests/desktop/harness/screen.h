@@ -25,8 +25,8 @@ private:
 /// The picture with some areas painted over, for comparing the rest.
 [[nodiscard]] QImage blanked(QImage picture, const QList<QRect>& areas);
 
-/// The smallest rectangle that holds every pixel in which two pictures of the same size differ; empty
-/// if there is none.
+/// The smallest rectangle that holds every pixel in which two pictures of the same size differ;
+/// empty if there is none.
 [[nodiscard]] QRect difference(const QImage& one, const QImage& other);
 
 /// The same without some areas.

@@ -36,7 +36,8 @@ bool WindowManager::isInCharge()
     const Windows windows(x);
     if (!windows.has(x.root(), "_NET_SUPPORTING_WM_CHECK"))
         return false;
-    // Openbox announces itself a little too early: windows that ask to be shown before it listens are forgotten.
+    // Openbox announces itself a little too early: windows that ask to be shown before it listens
+    // are forgotten.
     if (!probe)
         probe = std::make_unique<ClientWindow>(x, ClientWindow::Kind::Ordinary, QRect(0, 0, 1, 1),
                                                Qt::white);

@@ -10,7 +10,8 @@
 class ClientWindow;
 class XConnection;
 
-/// A window manager on the virtual screen, with a home and, where it needs one, a message bus of its own.
+/// A window manager on the virtual screen, with a home and, where it needs one, a message bus of
+/// its own.
 class WindowManager {
 public:
     /// Starts it; returns at once.

@@ -28,7 +28,8 @@ public:
     [[nodiscard]] bool isOnScreen(xcb_window_t window) const;
     /// Whether one window, with whatever the window manager put around it, lies above another.
     [[nodiscard]] bool isAbove(xcb_window_t upper, xcb_window_t lower) const;
-    /// The innermost window that a click there goes to: where a window lets the mouse through, the one below.
+    /// The innermost window that a click there goes to: where a window lets the mouse through, the
+    /// one below.
     [[nodiscard]] xcb_window_t at(QPoint point) const;
     /// The window that gets the keys.
     [[nodiscard]] xcb_window_t focused() const;

@@ -15,7 +15,8 @@ struct FreeReply {
 /// A reply of the X server, freed with this pointer. Null where the request failed.
 template <typename T> using Reply = std::unique_ptr<T, FreeReply>;
 
-/// The test's own connection to the X server. Knows the root window and atoms; what is asked is up to its users.
+/// The test's own connection to the X server. Knows the root window and atoms; what is asked is up
+/// to its users.
 class XConnection {
 public:
     /// @param display  as in the environment variable DISPLAY, such as ":7"
@@ -28,7 +29,8 @@ public:
     [[nodiscard]] QSize size() const;
     [[nodiscard]] xcb_atom_t atom(const char* name) const;
 
-    /// Returns when the server has carried out all that was sent, and has passed on what came of it.
+    /// Returns when the server has carried out all that was sent, and has passed on what came of
+    /// it.
     void synchronise() const;
 
 private:

@@ -4,7 +4,8 @@
 
 #include <memory>
 
-/// An X server of the test's own, on a display number that it finds itself. What it shows is up to the derived class.
+/// An X server of the test's own, on a display number that it finds itself. What it shows is up to
+/// the derived class.
 class XServer {
 public:
     virtual ~XServer() = default;

@@ -19,7 +19,7 @@ void addShapes();
 /// How many pixels have about this colour.
 [[nodiscard]] int countOf(const QImage& picture, QColor colour);
 
-/// Whether the colour fills as much of the picture as the shape does of its box: an ellipse less than a
-/// round rectangle, that less than all.
+/// Whether the colour fills as much of the picture as the shape does of its box: an ellipse less
+/// than a round rectangle, that less than all.
 /// @param box  size of what the shape spans, device pixels; an edge's pixels may be missing
 [[nodiscard]] bool fillsAs(ShapeEntry shape, const QImage& picture, QColor colour, QSize box);

@@ -4,8 +4,8 @@
 
 #include <QResource>
 
-/// A palette with two tabs on a frame that leaves the keyboard where it is.
-/// Argument: the distance from one tab to the next in logical pixels; as it is at first if left out.
+/// A palette with two tabs on a frame that leaves the keyboard where it is. Argument: the distance
+/// from one tab to the next in logical pixels; as it is at first if left out.
 int main(int argc, char** argv)
 {
     Helpers::NQt::NorvikApplication application("tabtool", argc, argv);

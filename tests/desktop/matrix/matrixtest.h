@@ -4,9 +4,9 @@
 #include "tests/desktop/harness/compositor.h"
 #include "tests/desktop/harness/desktoptest.h"
 
-/// Base of the tests that must hold on every desktop. The environment variable KORVEL_DESKTOP tells which one this run
-/// is about: a window manager of the table (managerrecipe.h), followed by "+picom" for a compositor beside it. What
-/// cannot be run here is skipped.
+/// Base of the tests that must hold on every desktop. The environment variable KORVEL_DESKTOP tells
+/// which one this run is about: a window manager of the table (managerrecipe.h), followed by
+/// "+picom" for a compositor beside it. What cannot be run here is skipped.
 class MatrixTest : public DesktopTest {
     Q_OBJECT
 

@@ -4,7 +4,8 @@
 
 #include <X11/keysym.h>
 
-/// A palette whose shutter is closed lets the mouse through the frame, and opens again by its handle.
+/// A palette whose shutter is closed lets the mouse through the frame, and opens again by its
+/// handle.
 class PassThroughTest : public MatrixTest {
     Q_OBJECT
 

@@ -17,7 +17,8 @@ private slots:
     void escapeClosesOnlyTheDialog();
 
 private:
-    /// Holds the button until the press shows: mutter (seen in 43) loses a release that follows at once.
+    /// Holds the button until the press shows: mutter (seen in 43) loses a release that follows at
+    /// once.
     void clickSlowly(QPoint place) const;
 
     static constexpr QPoint Away{100, 700};

@@ -3,7 +3,8 @@
 
 #include <X11/keysym.h>
 
-/// A frame of a size of its own lies at the screen's corner, above all that is there, and casts no shadow.
+/// A frame of a size of its own lies at the screen's corner, above all that is there, and casts no
+/// shadow.
 class SmallFrameTest : public MatrixTest {
     Q_OBJECT
 

@@ -71,7 +71,8 @@ inline Command renamed(const QByteArray& name)
     return {.program = NAMED_PROCESS, .arguments = {name, "wait"}};
 }
 
-/// A process that has ended, and whose parent has not taken notice for as long as this object lives.
+/// A process that has ended, and whose parent has not taken notice for as long as this object
+/// lives.
 class Zombie {
 public:
     explicit Zombie(const QByteArray& name)
