@@ -13,9 +13,9 @@
 
 namespace Helpers::NQt {
 
-BackgroundExposure::BackgroundExposure(TransparentFrame& exposed, FrameEngine& exposedEngine)
-    : NativeWindow(exposed)
-    , frame(exposed)
+BackgroundExposure::BackgroundExposure(TransparentFrame& exposedFrame, FrameEngine& exposedEngine)
+    : NativeWindow(exposedFrame)
+    , frame(exposedFrame)
     , engine(exposedEngine)
 {
 }

@@ -15,7 +15,7 @@ class TransparentFrame;
 /// afterwards. Whatever else the backing store holds is never shown.
 class BackgroundExposure : public Windowing::NativeWindow {
 public:
-    BackgroundExposure(TransparentFrame& frame, FrameEngine& engine);
+    BackgroundExposure(TransparentFrame& exposedFrame, FrameEngine& exposedEngine);
 
 protected:
     bool widgetEvent(QEvent& event) override;

@@ -18,7 +18,7 @@ public:
     /// Prepares the background for the frame's present place and size.
     virtual void init() { }
     /// Whether the background is painted at all.
-    virtual void setDrawBack(bool drawBack);
+    virtual void setDrawBack(bool wanted) { drawBack = wanted; }
     /// Paints the background, then has the frame draw its content, both onto the device.
     virtual void paint(QPaintDevice* device) = 0;
     /// The background's pixmap, owned by the engine; null if it has none.
@@ -31,10 +31,16 @@ public:
     /// painting.
     /// @param region  in logical pixels of the window
     /// @return  false if it cannot, and nothing is shown
-    virtual bool showBackground(const QWindow& window, const QRegion& region);
+    virtual bool showBackground(const QWindow& /*window*/, const QRegion& /*region*/)
+    {
+        return false;
+    }
 
 protected:
-    explicit FrameEngine(TransparentFrame* owner);
+    explicit FrameEngine(TransparentFrame* owner)
+        : frame(owner)
+    {
+    }
     FrameEngine(const FrameEngine&) = delete;
     FrameEngine& operator=(const FrameEngine&) = delete;
 

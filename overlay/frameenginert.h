@@ -10,14 +10,14 @@ namespace Helpers::NQt {
 /// changing, wherever nothing is drawn. Needs a compositor; without one unpainted pixels are black.
 class FrameEngineRT : public FrameEngine {
 public:
-    /// @param frame  made translucent, which has an effect only before its native window exists;
+    /// @param owner  made translucent, which has an effect only before its native window exists;
     ///               may be null
-    explicit FrameEngineRT(TransparentFrame* frame);
+    explicit FrameEngineRT(TransparentFrame* owner);
     ~FrameEngineRT() override = default;
 
     void init() override { }
     /// Stores the flag, which has no effect: there is no background.
-    void setDrawBack(bool drawBack) override;
+    void setDrawBack(bool wanted) override;
     /// Makes the frame draw onto itself, whatever the device.
     void paint(QPaintDevice* device) override;
     /// Always null.

@@ -18,8 +18,8 @@ namespace Helpers::NQt {
 /// opaque background. The picture is also a canvas for lasting strokes.
 class FrameEngineSS : public FrameEngine {
 public:
-    /// @param screen  number of the screen that the frame opens on
-    FrameEngineSS(TransparentFrame* frame, int screen);
+    /// @param screenNumber  number of the screen that the frame opens on
+    FrameEngineSS(TransparentFrame* owner, int screenNumber);
     ~FrameEngineSS() override = default;
 
     /// Prepares a new picture of the frame's place, which is taken when fetchBackground(),

@@ -17,9 +17,9 @@ class NorvikApplication : public QtSingleApplication {
     Q_OBJECT
 
 public:
-    /// @param settings  names the translation ("langFile") and the resource file ("resourceFile");
-    ///                  must outlive the application object
-    NorvikApplication(QSettings& settings, int& argc, char** argv);
+    /// @param store  names the translation ("langFile") and the resource file ("resourceFile");
+    ///               must outlive the application object
+    NorvikApplication(QSettings& store, int& argc, char** argv);
     /// Without settings: no translation and no resource file.
     NorvikApplication(const QString& id, int& argc, char** argv);
     NorvikApplication(int& argc, char** argv, bool guiEnabled);

@@ -8,10 +8,18 @@ class QtSingleApplication : public QApplication {
     Q_OBJECT
 
 public:
-    QtSingleApplication(const QString& id, int& argc, char** argv);
+    QtSingleApplication(const QString& id, int& argc, char** argv)
+        : QApplication(argc, argv)
+        , applicationId(id)
+    {
+    }
     /// The id is the path of the executable.
-    /// @param guiEnabled  accepted for programs that run without windows; windows always work
-    QtSingleApplication(int& argc, char** argv, bool guiEnabled = true);
+    /// The flag is accepted for programs that run without windows; windows work regardless.
+    QtSingleApplication(int& argc, char** argv, bool /*guiEnabled*/ = true)
+        : QApplication(argc, argv)
+        , applicationId(applicationFilePath())
+    {
+    }
 
     [[nodiscard]] QString id() const { return applicationId; }
 

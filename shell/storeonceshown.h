@@ -13,7 +13,7 @@ class StoreOnceShown : public QObject {
 
 public:
     /// @param window  not shown yet
-    StoreOnceShown(QSettings& settings, QWidget& window);
+    StoreOnceShown(QSettings& values, QWidget& window);
 
 private slots:
     void store();

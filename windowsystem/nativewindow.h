@@ -28,12 +28,12 @@ public:
     /// use.
     static NativeWindow& of(QWidget& widget);
 
-    void setShadow(bool shadow);
+    void setShadow(bool wanted);
     void setIgnoresMouse(bool ignore);
     /// While the window ignores the mouse, this child still catches it where the child is visible
     /// and within its mask.
     void goOnCatchingMouseOver(QWidget& child);
-    void setOpaque(bool opaque);
+    void setOpaque(bool wanted);
     void raiseAboveAll();
     /// Takes the keyboard once the window is on the screen; nothing happens while it is hidden.
     /// Works even if the window manager has just taken the keyboard from a dialog that was closed,

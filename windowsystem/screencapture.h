@@ -13,7 +13,7 @@ namespace Windowing {
 /// window system with a faster way takes the picture while the program does something else.
 class ScreenCapture {
 public:
-    explicit ScreenCapture(QScreen& screen);
+    explicit ScreenCapture(QScreen& captured);
     ScreenCapture(const ScreenCapture&) = delete;
     ScreenCapture& operator=(const ScreenCapture&) = delete;
     virtual ~ScreenCapture() = default;

@@ -44,7 +44,7 @@ public:
 
     // Overlays: frameless stay-on-top windows
     /// Whether overlays, existing and new ones, cover the desktop's interface (panels, docks).
-    void setCovering(bool covering);
+    void setCovering(bool wanted);
     /// Whether this window is to cover the desktop's interface now.
     [[nodiscard]] bool isCovered(const QWindow& window) const;
     /// Makes an overlay come up above the desktop's interface. To be called before it is mapped.

@@ -15,8 +15,8 @@ class ExactPlace : public QObject, public QAbstractNativeEventFilter {
 
 public:
     /// Works as long as the window lives, and belongs to it.
-    /// @param place  in device pixels, seen from the root window
-    ExactPlace(QWindow& window, const QRect& place);
+    /// @param exactPlace  in device pixels, seen from the root window
+    ExactPlace(QWindow& placed, const QRect& exactPlace);
 
     /// Asks for the place again, once the window manager has put its frames around the window.
     void insist();

@@ -16,7 +16,7 @@ class HiddenUntilPlaced : public QObject, public QAbstractNativeEventFilter {
 
 public:
     /// Works once; belongs to the window, which is not mapped yet.
-    explicit HiddenUntilPlaced(QWindow& window);
+    explicit HiddenUntilPlaced(QWindow& hidden);
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 

@@ -10,6 +10,6 @@ namespace Windowing::X11 {
 /// one away.
 ///
 /// Nothing changes without the X Input Extension, or if the window is gone. Needs the X11 platform.
-void hearMasterDevicesOnly(WId window);
+void hearMasterDevicesOnly(WId id);
 
 }

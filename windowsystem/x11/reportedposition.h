@@ -19,7 +19,7 @@ class ReportedPosition : public QObject, public QAbstractNativeEventFilter {
 
 public:
     /// Works as long as the window lives, and belongs to it. The window is not mapped yet.
-    explicit ReportedPosition(QWindow& window);
+    explicit ReportedPosition(QWindow& reported);
 
     bool nativeEventFilter(const QByteArray& eventType, void* message, qintptr* result) override;
 

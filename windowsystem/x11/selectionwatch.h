@@ -14,7 +14,7 @@ class SelectionWatch : public QObject, private QAbstractNativeEventFilter {
     Q_OBJECT
 
 public:
-    explicit SelectionWatch(QByteArrayView selection);
+    explicit SelectionWatch(QByteArrayView name);
     ~SelectionWatch() override;
 
     [[nodiscard]] bool hasOwner();

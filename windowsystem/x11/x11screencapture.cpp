@@ -1,17 +1,30 @@
 #include "windowsystem/x11/x11screencapture.h"
 
-#include "windowsystem/background.h"
 #include "windowsystem/windowsystem.h"
 #include "windowsystem/x11/connection.h"
 
 #include <QRegion>
 #include <QWindow>
 
+#include <system_error>
+#include <utility>
+
 namespace Windowing::X11 {
 
 namespace {
 
 constexpr uint32_t allPlanes = ~0U;
+
+/// Runs a task on a thread of its own or, if the system has no thread left, when the result is
+/// asked for. The future's destructor waits for the thread.
+template <typename Task> auto inBackground(Task task) -> std::future<decltype(task())>
+{
+    try {
+        return std::async(std::launch::async, task);
+    } catch (const std::system_error&) {
+        return std::async(std::launch::deferred, std::move(task));
+    }
+}
 
 xcb_shm_get_image_cookie_t askForPicture(const QRect& place, xcb_shm_seg_t segment)
 {
@@ -135,19 +148,19 @@ void X11ScreenCapture::complete()
         completion = inBackground([shared = pixels] { shared->makeOpaque(); });
 }
 
-bool X11ScreenCapture::show(const QImage& picture, const QWindow& shown,
+bool X11ScreenCapture::show(const QImage& picture, const QWindow& window,
                             const QRegion& region) const
 {
-    const auto window = static_cast<xcb_window_t>(shown.winId());
+    const auto target = static_cast<xcb_window_t>(window.winId());
     const auto isOurs = [&] { return picture.isNull() || picture.constBits() == pixels->bytes(); };
-    if (state != State::Written || !isOurs() || !isSuited(window, place.size()))
+    if (state != State::Written || !isOurs() || !isSuited(target, place.size()))
         return false;
     const auto width = static_cast<uint16_t>(place.width());
     const auto height = static_cast<uint16_t>(place.height());
     constexpr uint8_t untold = 0;
 
-    const xcb_gcontext_t clip = makeClip(window, region);
-    xcb_shm_put_image(connection(), window, clip, width, height, 0, 0, width, height, 0, 0, qtDepth,
+    const xcb_gcontext_t clip = makeClip(target, region);
+    xcb_shm_put_image(connection(), target, clip, width, height, 0, 0, width, height, 0, 0, qtDepth,
                       XCB_IMAGE_FORMAT_Z_PIXMAP, untold, pixels->segment(), 0);
     xcb_free_gc(connection(), clip);
     xcb_flush(connection());

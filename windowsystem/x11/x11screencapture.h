@@ -19,8 +19,8 @@ namespace Windowing::X11 {
 /// the server answers no requests until the picture is written.
 class X11ScreenCapture : public ScreenCapture {
 public:
-    /// @param place  the screen's, in device pixels
-    X11ScreenCapture(QScreen& screen, const QRect& place);
+    /// @param screenPlace  the screen's, in device pixels
+    X11ScreenCapture(QScreen& captured, const QRect& screenPlace);
 
     void begin() override;
     void secure() override;

@@ -75,47 +75,47 @@ const QScreen* X11WindowSystem::coveredScreen(const QWindow& window) const
     return covered == screens.end() ? nullptr : *covered;
 }
 
-void X11WindowSystem::bringUp(QWindow& window)
+void X11WindowSystem::bringUp(QWindow& overlay)
 {
     rememberKeyboard();
     const QByteArray windowManager = windowManagerName();
-    present(window, window.size(), windowManager);
+    present(overlay, overlay.size(), windowManager);
     // Needed until the window manager has brought the window up.
-    delete window.findChild<ReportedPosition*>(QString(), Qt::FindDirectChildrenOnly);
-    new ReportedPosition(window);
+    delete overlay.findChild<ReportedPosition*>(QString(), Qt::FindDirectChildrenOnly);
+    new ReportedPosition(overlay);
     if (movesNewWindows(windowManager))
-        new HiddenUntilPlaced(window);
+        new HiddenUntilPlaced(overlay);
 }
 
-void X11WindowSystem::present(QWindow& window, QSize size)
+void X11WindowSystem::present(QWindow& overlay, QSize size)
 {
-    present(window, size, windowManagerName());
+    present(overlay, size, windowManagerName());
     // release() may have lowered it.
-    keepAbove(window.winId());
-    window.raise();
+    keepAbove(overlay.winId());
+    overlay.raise();
 }
 
-void X11WindowSystem::present(QWindow& window, QSize size, const QByteArray& windowManager)
+void X11WindowSystem::present(QWindow& overlay, QSize size, const QByteArray& windowManager)
 {
-    fixSize(window, size);
-    const QScreen* covered = coveredScreen(window);
+    fixSize(overlay, size);
+    const QScreen* covered = coveredScreen(overlay);
     const WindowLayer layer = coveringLayer(windowManager, covered != nullptr);
-    setWindowLayer(window.winId(), layer);
+    setWindowLayer(overlay.winId(), layer);
     qCDebug(windowSystemLog) << "Window manager" << windowManager << "- overlay"
-                             << window.geometry() << "ratio" << window.devicePixelRatio() << "on"
+                             << overlay.geometry() << "ratio" << overlay.devicePixelRatio() << "on"
                              << (covered ? covered->name() : QStringLiteral("no whole screen"))
                              << "of the monitors" << monitors() << "- dock"
                              << (layer.type == WindowLayer::Type::Dock) << "full screen"
                              << layer.fullScreen;
     const std::optional<QRect> place = covered ? deviceGeometry(*covered) : std::nullopt;
     if (place)
-        fitExactly(window, *place);
-    window.setWindowStates(layer.fullScreen ? Qt::WindowFullScreen : Qt::WindowNoState);
+        fitExactly(overlay, *place);
+    overlay.setWindowStates(layer.fullScreen ? Qt::WindowFullScreen : Qt::WindowNoState);
     if (layer.fullScreen)
         return;
-    places[&window] = window.geometry();
+    places[&overlay] = overlay.geometry();
     // The size hints held a visible overlay to its old size when its tool resized it.
-    requestSize(window.winId(), place ? place->size() : deviceSize(window));
+    requestSize(overlay.winId(), place ? place->size() : deviceSize(overlay));
 }
 
 // For screens where Qt's size reaches beyond the edge by a fraction of a logical pixel.
@@ -133,40 +133,40 @@ void X11WindowSystem::fitExactly(QWindow& window, const QRect& place) const
         exact->insist();
 }
 
-void X11WindowSystem::release(QWindow& window)
+void X11WindowSystem::release(QWindow& overlay)
 {
-    constexpr int unlimited = (1 << 24) - 1; // Qt's own for a window without a largest size
-    delete window.findChild<ExactPlace*>(QString(), Qt::FindDirectChildrenOnly);
-    window.setMinimumSize(QSize(0, 0));
-    window.setMaximumSize(QSize(unlimited, unlimited));
-    setWindowLayer(window.winId(), {WindowLayer::Type::Normal, false});
-    window.setWindowStates(Qt::WindowNoState);
+    constexpr int unlimited = (1 << 24) - 1; // Qt's own default for a window
+    delete overlay.findChild<ExactPlace*>(QString(), Qt::FindDirectChildrenOnly);
+    overlay.setMinimumSize(QSize(0, 0));
+    overlay.setMaximumSize(QSize(unlimited, unlimited));
+    setWindowLayer(overlay.winId(), {WindowLayer::Type::Normal, false});
+    overlay.setWindowStates(Qt::WindowNoState);
     // Openbox (seen in 3.6) treats any window that covers the screen and has the keyboard as
     // full-screen.
-    if (coveredScreen(window))
-        requestSize(window.winId(), deviceSize(window) - QSize(0, 1));
+    if (coveredScreen(overlay))
+        requestSize(overlay.winId(), deviceSize(overlay) - QSize(0, 1));
     if (keepsTopWindowsAbovePanels(windowManagerName())) {
         // Not lowered: it would end up below all other windows, and xfwm4 would pass on the
         // keyboard.
-        stopKeepingAbove(window.winId());
+        stopKeepingAbove(overlay.winId());
         return;
     }
     // It stays in the always-on-top layer, where some window managers keep panels, too.
-    window.lower();
+    overlay.lower();
 }
 
-void X11WindowSystem::settle(QWindow& window)
+void X11WindowSystem::settle(QWindow& overlay)
 {
     // i3 (seen in 4.22) reads the desktop's corner as no position at all and centres the window.
     // Once the window is mapped, i3 heeds a request.
-    const auto place = places.extract(&window);
-    if (!place.empty() && window.geometry() != place.mapped())
-        window.setGeometry(place.mapped());
-    if (auto* exact = window.findChild<ExactPlace*>(QString(), Qt::FindDirectChildrenOnly))
+    const auto place = places.extract(&overlay);
+    if (!place.empty() && overlay.geometry() != place.mapped())
+        overlay.setGeometry(place.mapped());
+    if (auto* exact = overlay.findChild<ExactPlace*>(QString(), Qt::FindDirectChildrenOnly))
         exact->insist();
-    qCDebug(windowSystemLog) << "Overlay exposed at" << positionOnDesktop(window.winId())
-                             << window.geometry() << "inside"
-                             << windowAndFrames(window.winId()).size() - 1 << "frames";
+    qCDebug(windowSystemLog) << "Overlay exposed at" << positionOnDesktop(overlay.winId())
+                             << overlay.geometry() << "inside"
+                             << windowAndFrames(overlay.winId()).size() - 1 << "frames";
 }
 
 void X11WindowSystem::presentDialog(QWindow& dialog) const
