@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-/// Properties of windows, over any connection. They are asked for first and read later: on a distant server every
-/// wait counts.
+/// Properties of windows, over any connection. They are asked for first and read later: on a distant
+/// server every wait counts.
 namespace Windowing::X11 {
 
 using PropertyReply = ReplyPointer<xcb_get_property_reply_t>;
@@ -15,7 +15,8 @@ using PropertyReply = ReplyPointer<xcb_get_property_reply_t>;
 [[nodiscard]] xcb_get_property_cookie_t askForProperty(xcb_connection_t* server,
                                                        xcb_window_t window, xcb_atom_t name);
 
-/// The numbers of 32 bits, or the bytes, that a reply holds; none if there is no reply or it is of another format.
+/// The numbers of 32 bits, or the bytes, that a reply holds; none if there is no reply or it is of
+/// another format.
 [[nodiscard]] std::vector<uint32_t> numbersIn(const PropertyReply& reply);
 [[nodiscard]] std::string bytesIn(const PropertyReply& reply);
 
