@@ -12,9 +12,6 @@ int main(int argc, char** argv)
 {
     constexpr int freehand = 0;
 
-    // Known to Qt from 6.8.2 on, not to 6.4.2: distributing a fill of some hundred lines over
-    // threads takes longer than the fill.
-    qputenv("QT_NO_GUI_THREADPOOL", "1");
     endQuietlyWithServer();
     endOnFatalMessages();
     QSettings settings("Varnholt", "Korvel");
