@@ -34,8 +34,6 @@ public:
 
     [[nodiscard]] bool isOpen() const { return descriptor != -1; }
     [[nodiscard]] int number() const { return descriptor; }
-    /// Leaves closing to somebody else.
-    void release() { descriptor = -1; }
 
 private:
     int descriptor = -1;

@@ -31,8 +31,8 @@ constexpr QByteArrayView picomShadow = "_COMPTON_SHADOW";
 /// put a shadow around.
 constexpr QByteArrayView frameExtents = "_GTK_FRAME_EXTENTS";
 
-/// The numbers of names at a server. All that are usual are requested at once, and each only once: one
-/// by one, they would delay a window by a millisecond.
+/// The numbers of names at a server. All that are usual are requested at once, and each only once:
+/// one by one, they would delay a window by a millisecond.
 class Atoms {
 public:
     Atoms(xcb_connection_t* server, std::span<const QByteArrayView> usual);

@@ -32,8 +32,8 @@ std::vector<uint32_t> numbersOf(xcb_connection_t* server, xcb_window_t window, x
 
 xcb_window_t managerWindow(xcb_connection_t* server, xcb_window_t root, xcb_atom_t check)
 {
-    // It is the manager's own, and its property points to itself. The root window's property outlives
-    // a window manager that has crashed, and ids are reused.
+    // It is the manager's own, and its property points to itself. The root window's property
+    // outlives a window manager that has crashed, and ids are reused.
     const std::vector<uint32_t> announced = numbersOf(server, root, check);
     const bool runs =
         !announced.empty() && numbersOf(server, announced.front(), check) == announced;

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-/// Properties of windows, over any connection. They are asked for first and read later: on a distant
-/// server every wait counts.
+/// Properties of windows, over any connection. They are asked for first and read later: on a
+/// distant server every wait counts.
 namespace Windowing::X11 {
 
 using PropertyReply = ReplyPointer<xcb_get_property_reply_t>;

@@ -93,16 +93,16 @@ ChildProcess::ChildProcess(const Command& command)
     int ends[2] = {-1, -1};
     if (::pipe2(ends, O_CLOEXEC) != 0)
         return;
-    const FileDescriptor reading{ends[0]};
-    FileDescriptor writing{ends[1]};
+    const osUtils::FileDescriptor reading{ends[0]};
+    osUtils::FileDescriptor writing{ends[1]};
     const pid_t parent = ::getpid();
     const SignalsHeld untilTheChildIsReady;
     child = ::fork();
     if (child == 0)
-        becomeCommand(command, arguments.data(), environment.data(), written.get(), parent);
-    writing.close();
+        becomeCommand(command, arguments.data(), environment.data(), written.number(), parent);
+    writing = {};
     char nothing = 0;
-    static_cast<void>(::read(reading.get(), &nothing, 1)); // ends when the command takes over
+    static_cast<void>(::read(reading.number(), &nothing, 1)); // ends when the command takes over
 }
 
 ChildProcess::~ChildProcess()
@@ -129,9 +129,9 @@ void ChildProcess::send(int signal)
 QByteArray ChildProcess::output() const
 {
     struct stat information { };
-    ::fstat(written.get(), &information);
+    ::fstat(written.number(), &information);
     QByteArray text(information.st_size, Qt::Uninitialized);
-    text.resize(qMax<ssize_t>(0, ::pread(written.get(), text.data(), text.size(), 0)));
+    text.resize(qMax<ssize_t>(0, ::pread(written.number(), text.data(), text.size(), 0)));
     return text;
 }
 

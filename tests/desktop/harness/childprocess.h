@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/desktop/harness/filedescriptor.h"
+#include "windowsystem/filedescriptor.h"
 
 #include <QByteArray>
 #include <QList>
@@ -48,7 +48,7 @@ public:
 private:
     void end();
 
-    FileDescriptor written;
+    osUtils::FileDescriptor written;
     pid_t child = -1;
     int lastStatus = Running;
 };

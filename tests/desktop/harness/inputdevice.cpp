@@ -17,7 +17,7 @@ InputDevice::InputDevice(const QByteArray& socket, QSize screenSize)
     std::copy_n(socket.begin(), std::min<size_t>(socket.size(), sizeof address.sun_path - 1),
                 address.sun_path);
     const auto* generic = reinterpret_cast<const sockaddr*>(&address);
-    if (::connect(connection.get(), generic, sizeof address) != 0)
+    if (::connect(connection.number(), generic, sizeof address) != 0)
         return;
     send(xf86ITEventClientVersion{{}, XF86IT_PROTOCOL_VERSION_MAJOR, XF86IT_PROTOCOL_VERSION_MINOR},
          XF86IT_EVENT_CLIENT_VERSION);
@@ -96,7 +96,7 @@ void InputDevice::setPlace(xf86ITValuatorData& data, QPoint place) const
 template <typename Event> void InputDevice::send(Event event, xf86ITEventType type)
 {
     event.header = {sizeof event, type};
-    static_cast<void>(::write(connection.get(), &event, sizeof event));
+    static_cast<void>(::write(connection.number(), &event, sizeof event));
 }
 
 void InputDevice::synchronise()
@@ -108,9 +108,9 @@ void InputDevice::synchronise()
 bool InputDevice::readAnswer(xf86ITResponseType type)
 {
     xf86ITResponseAny answer{};
-    pollfd readable{connection.get(), POLLIN, 0};
+    pollfd readable{connection.number(), POLLIN, 0};
     if (::poll(&readable, 1, static_cast<int>(patience().count())) != 1)
         return false;
-    const ssize_t length = ::read(connection.get(), &answer, sizeof answer);
+    const ssize_t length = ::read(connection.number(), &answer, sizeof answer);
     return length >= ssize_t(sizeof answer.header) && answer.header.type == type;
 }

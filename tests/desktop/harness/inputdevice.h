@@ -1,6 +1,6 @@
 #pragma once
 
-#include "tests/desktop/harness/filedescriptor.h"
+#include "windowsystem/filedescriptor.h"
 
 #include <QByteArray>
 #include <QPoint>
@@ -49,7 +49,7 @@ private:
     void synchronise();
     [[nodiscard]] bool readAnswer(xf86ITResponseType type);
 
-    FileDescriptor connection;
+    osUtils::FileDescriptor connection;
     const QSize screen;
     bool connected = false;
 };
