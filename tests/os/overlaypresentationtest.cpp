@@ -7,6 +7,7 @@
 #include "tests/support/windowwatch.h"
 
 #include <QGuiApplication>
+#include <QLoggingCategory>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QTest>
@@ -114,6 +115,7 @@ private slots:
     void aSmallerOverlayIsNotFullScreen_data();
     void aSmallerOverlayIsNotFullScreen();
     void forXfwmAnOverlayIsADock();
+    void whatIsDoneIsLoggedWhenAskedFor();
     void anOverlayKeepsItsSizeAndPlace_data();
     void anOverlayKeepsItsSizeAndPlace();
     void anOverlayShownAgainIsPresentedAgain();
@@ -236,6 +238,20 @@ void OverlayPresentationTest::forXfwmAnOverlayIsADock()
     QCOMPARE(told.type, dock);
     QVERIFY(!told.state.contains(fullScreen));
     QVERIFY(told.state.contains("_NET_WM_STATE_ABOVE"));
+}
+
+void OverlayPresentationTest::whatIsDoneIsLoggedWhenAskedFor()
+{
+    // given
+    const AnnouncedWindowManager manager(x, "Xfwm4");
+    QLoggingCategory::setFilterRules("korvel.*=true");
+    setSystemUIMode(allHiddenMode, 0);
+    const auto window = overlay();
+
+    // then
+    QTest::ignoreMessage(QtDebugMsg, QRegularExpression("Window manager \"Xfwm4\""));
+    window->show();
+    QLoggingCategory::setFilterRules({});
 }
 
 void OverlayPresentationTest::anOverlayKeepsItsSizeAndPlace_data()
