@@ -1,5 +1,7 @@
 #include "tests/desktop/harness/home.h"
 
+#include "tests/desktop/harness/eventually.h"
+
 #include <QDir>
 #include <QDirIterator>
 
@@ -12,6 +14,12 @@ Home::Home()
     top.mkpath(QStringLiteral("runtime"));
     QFile::setPermissions(top.filePath(QStringLiteral("runtime")),
                           QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+}
+
+Home::~Home()
+{
+    // What a window manager has started may outlive it for a moment, and write here meanwhile.
+    static_cast<void>(eventually([this] { return QDir(folder.path()).removeRecursively(); }));
 }
 
 QString Home::settingsFile() const

@@ -9,6 +9,9 @@
 class Home {
 public:
     Home();
+    Home(const Home&) = delete;
+    Home& operator=(const Home&) = delete;
+    ~Home();
 
     [[nodiscard]] QString path() const { return folder.filePath(QStringLiteral("home")); }
     [[nodiscard]] QString configPath() const { return path() + QStringLiteral("/.config"); }
