@@ -1,8 +1,8 @@
-#include "overlay/frameenginess.h"
 #include "overlay/transparentframe.h"
 
 #include "tests/desktop/harness/backdrop.h"
 #include "tests/desktop/harness/xconnection.h"
+#include "tests/overlay/enginepicture.h"
 #include "tests/support/testprogram.h"
 #include "tests/support/windowprobe.h"
 
@@ -20,24 +20,6 @@ namespace {
 constexpr int screenshotEngine = 0;
 /// The screen of this number is pictured with all others.
 constexpr int wholeDesktopScreen = 1;
-
-/// What the engine of a frame of this geometry has taken.
-QPixmap picture(const QRect& area, int screen = 0)
-{
-    TransparentFrame frame(nullptr, screenshotEngine, 10, 10);
-    frame.setGeometry(area);
-    FrameEngineSS engine(&frame, screen);
-    engine.init();
-    return *engine.background();
-}
-
-/// The picture's own pixels, ready for comparing.
-QImage pixels(const QPixmap& picture)
-{
-    QImage image = picture.toImage().convertToFormat(QImage::Format_RGB32);
-    image.setDevicePixelRatio(1.0);
-    return image;
-}
 
 }
 
@@ -90,7 +72,7 @@ QRect EnginePictureTest::toPixels(const QRect& logical) const
 void EnginePictureTest::theScreenIsGrabbedOneToOne()
 {
     // when
-    const QPixmap taken = picture(screen->geometry());
+    const QPixmap taken = pictureTaken(screen->geometry(), 0);
 
     // then
     QCOMPARE(taken.devicePixelRatio(), screen->devicePixelRatio());
@@ -100,7 +82,7 @@ void EnginePictureTest::theScreenIsGrabbedOneToOne()
 void EnginePictureTest::theDesktopIsGrabbedOneToOne()
 {
     // when
-    const QPixmap taken = picture(QRect(0, 0, 10, 10), wholeDesktopScreen);
+    const QPixmap taken = pictureTaken(QRect(0, 0, 10, 10), wholeDesktopScreen);
 
     // then
     QCOMPARE(taken.devicePixelRatio(), screen->devicePixelRatio());
@@ -122,7 +104,7 @@ void EnginePictureTest::aPartIsGrabbedOneToOne()
     QFETCH(QRect, area);
 
     // when
-    const QPixmap taken = picture(area);
+    const QPixmap taken = pictureTaken(area, 0);
 
     // then
     QCOMPARE(taken.devicePixelRatio(), screen->devicePixelRatio());
@@ -135,7 +117,7 @@ void EnginePictureTest::outsideTheScreenThereIsBlack()
     const QRect area(-10, -20, 40, 60);
 
     // when
-    const QPixmap taken = picture(area);
+    const QPixmap taken = pictureTaken(area, 0);
 
     // then
     QCOMPARE(pixels(taken), pattern.copy(toPixels(area)));
@@ -145,11 +127,11 @@ void EnginePictureTest::outsideTheScreenThereIsBlack()
 void EnginePictureTest::thePictureShowsTheScreenAsItIsNow()
 {
     // given
-    const QPixmap before = picture(QRect(0, 0, 4, 4));
+    const QPixmap before = pictureTaken(QRect(0, 0, 4, 4), 0);
 
     // when
     backdrop.fill(QColor(1, 2, 3));
-    const QPixmap after = picture(QRect(0, 0, 4, 4));
+    const QPixmap after = pictureTaken(QRect(0, 0, 4, 4), 0);
 
     // then
     QCOMPARE(pixels(before).pixelColor(1, 0), QColor(1, 0, 0));

@@ -1,9 +1,9 @@
-#include "overlay/frameenginess.h"
 #include "overlay/transparentframe.h"
 #include "overlay/windowutils.h"
 
 #include "tests/desktop/harness/backdrop.h"
 #include "tests/desktop/harness/xconnection.h"
+#include "tests/overlay/enginepicture.h"
 #include "tests/support/testprogram.h"
 
 #include <QApplication>
@@ -36,17 +36,6 @@ bool setMonitor(const QString& name, const QRect& place, const QString& output)
     return QProcess::execute("xrandr", {"--setmonitor", name, geometry, output}) == 0;
 }
 
-/// The picture that the engine of a frame takes.
-/// @param screen  the one that the frame opens on
-QPixmap takenBy(const QRect& area, int screen)
-{
-    TransparentFrame frame(nullptr, screenshotEngine, 10, 10);
-    frame.setGeometry(area);
-    FrameEngineSS engine(&frame, screen);
-    engine.init();
-    return *engine.background();
-}
-
 /// Divides the screen before Qt looks at it.
 class TwoScreens {
 public:
@@ -68,13 +57,6 @@ public:
     {
     }
 };
-
-QImage pixels(const QPixmap& picture)
-{
-    QImage image = picture.toImage().convertToFormat(QImage::Format_RGB32);
-    image.setDevicePixelRatio(1.0);
-    return image;
-}
 
 }
 
@@ -153,7 +135,7 @@ void MonitorsTest::thePointersScreenIsFound()
 void MonitorsTest::theWholeDesktopIsPutTogether()
 {
     // when
-    const QPixmap picture = takenBy(second->geometry(), 1);
+    const QPixmap picture = pictureTaken(second->geometry(), 1);
 
     // then
     QCOMPARE(picture.devicePixelRatio(), second->devicePixelRatio());
@@ -163,7 +145,7 @@ void MonitorsTest::theWholeDesktopIsPutTogether()
 void MonitorsTest::theFirstScreenIsGrabbedAlone()
 {
     // when
-    const QPixmap picture = takenBy(first->geometry(), 0);
+    const QPixmap picture = pictureTaken(first->geometry(), 0);
 
     // then
     QCOMPARE(picture.devicePixelRatio(), first->devicePixelRatio());
@@ -179,7 +161,7 @@ void MonitorsTest::anAreaOverBothIsPutTogether()
                      (QSizeF(place.size()) / ratio).toSize());
 
     // when
-    const QPixmap picture = takenBy(area, 0);
+    const QPixmap picture = pictureTaken(area, 0);
 
     // then
     QCOMPARE(picture.devicePixelRatio(), ratio);
