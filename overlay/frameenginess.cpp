@@ -150,14 +150,14 @@ void FrameEngineSS::paint(QPaintDevice* device)
         drawBack(device, QPoint(0, 0), frame->rect());
     frame->draw(device);
     // Queued, so that the first paint reaches the screen before the capture is completed.
-    if (!isTaken && isOneScreen())
+    if (!draft().isNull())
         QMetaObject::invokeMethod(
             frame, [this] { completePicture(); }, Qt::QueuedConnection);
 }
 
 void FrameEngineSS::completePicture()
 {
-    if (!isTaken && isOneScreen())
+    if (isOneScreen())
         captures.front()->complete();
 }
 

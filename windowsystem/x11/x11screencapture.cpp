@@ -100,9 +100,7 @@ void X11ScreenCapture::secure()
 bool X11ScreenCapture::hasWritten()
 {
     const Request sent = request.valid() ? request.get() : std::nullopt;
-    return sent
-        && ReplyPointer<xcb_shm_get_image_reply_t>(
-               xcb_shm_get_image_reply(connection(), *sent, nullptr));
+    return sent && replyTo(xcb_shm_get_image_reply, connection(), *sent);
 }
 
 QImage X11ScreenCapture::copied() const
